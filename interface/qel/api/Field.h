@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+
+namespace qel::api {
+
+/// How a field differs from a plain one.
+enum class Form : std::uint8_t {
+    plain,    ///< always written and printed
+    optional, ///< written and printed only while its set-flag is raised
+    binary    ///< a std::string that holds bytes, not text; always written
+};
+
+/// One field of a record, as the field tables list it: its identity on the wire and in text, where its value
+/// lives, and its set-flag. The flags are bit-fields, which no pointer can reach, hence the two functions.
+template <class RecordType, class ValueType>
+struct Field {
+    using Record = RecordType;
+    using Value = ValueType;
+
+    std::int16_t id;
+    const char* name;
+    Value Record::*member;
+    Form form;
+    bool (*isSet)(const Record& record);
+    void (*markSet)(Record& record, bool set);
+};
+
+/// The field table of a record: a std::tuple of its Field entries in declared order, which is the order of
+/// writing and printing. Ids are explicit and ascending. Everything that treats a record field by field
+/// (reading, writing, printing, comparing, a host's own tools) folds over this table.
+/// Defined in <qel/api/base/Fields.h> and <qel/api/camera/Fields.h>.
+template <class Record>
+struct FieldTable;
+
+} // namespace qel::api
+
+/// An entry of a field table; spelled once here because a bit-field's name must be repeated for each use of it.
+#define QEL_API_FIELD(ID, RECORD, MEMBER, FORM)                                                                     \
+    ::qel::api::Field<RECORD, decltype(RECORD::MEMBER)> {                                                           \
+        ID, #MEMBER, &RECORD::MEMBER, ::qel::api::Form::FORM,                                                       \
+            [](const RECORD& record) -> bool { return record.__isset.MEMBER; },                                     \
+            [](RECORD& record, bool set) { record.__isset.MEMBER = set; }                                           \
+    }
