@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "PlanarCamera.h"
+
+#include <iostream>
+
+#include "Pipeline.h"
+#include "Tolerances.h"
+
+namespace qel::api::camera::impl {
+
+PlanarCamera::PlanarCamera(const View& view, const Projection& projection, const Surface& surface)
+    : mView(view), mProjection(projection), mSurface(surface) {}
+
+void PlanarCamera::updateWindowSize(const std::uint32_t width, const std::uint32_t height) {
+    if (width == 0 || height == 0) {
+        return;
+    }
+    const double scaleX = static_cast<double>(width) / static_cast<double>(mSurface.resolutionX());
+    const double scaleY = static_cast<double>(height) / static_cast<double>(mSurface.resolutionY());
+    mProjection.setFrustum(withSidesScaled(mProjection.frustum(), scaleX, scaleY), mProjection.isOrthographic());
+    mSurface.setResolutionX(width);
+    mSurface.setResolutionY(height);
+}
+
+void PlanarCamera::updateClippingPlanes(const math::Vec3& centre, const double radius, const double minimumNear) {
+    if (radius <= math::tolerance || minimumNear <= math::tolerance) {
+        return;
+    }
+    const double z = mView.worldToViewPoint(centre).z;
+    if (z - radius >= 0.0) {
+        return;
+    }
+    math::Frustum frustum = mProjection.frustum();
+    double nearDist = -(z + radius) * 0.95;
+    if (!(nearDist > minimumNear)) { // a NaN gives way to the minimum too
+        nearDist = minimumNear;
+    }
+    if (!mProjection.isOrthographic()) {
+        const double scale = nearDist / frustum.nearDist;
+        frustum = withSidesScaled(frustum, scale, scale);
+    }
+    frustum.nearDist = nearDist;
+    frustum.farDist = -(z - radius) * 1.05;
+    mProjection.setFrustum(frustum, mProjection.isOrthographic());
+}
+
+void PlanarCamera::updateFromScreen() {
+    std::cout << "[PlanarCamera::updateFromScreen] function not yet implemented" << std::endl;
+}
+
+void PlanarCamera::updateFromWindow() {
+    std::cout << "[PlanarCamera::updateFromWindow] function not yet implemented" << std::endl;
+}
+
+std::string PlanarCamera::typeName() const { return "PlanarCamera"; }
+
+} // namespace qel::api::camera::impl

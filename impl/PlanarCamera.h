@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "Camera.h"
+#include "Projection.h"
+#include "Surface.h"
+#include "Vectors.h"
+#include "View.h"
+
+namespace qel::api::camera::impl {
+
+/// An axis-aligned box, world or view space as its user says. Only toViewSpace puts the corners in order.
+struct Box {
+    math::Vec3 first;
+    math::Vec3 second;
+};
+
+/// A position on the surface: pixels, and the depth between the viewport's minimum and maximum.
+struct ScreenPoint {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    double depth = 0.0;
+};
+
+/// A position on the surface in pixels from its lower left corner.
+struct Pixel {
+    std::uint32_t x = 0;
+    std::uint32_t y = 0;
+};
+
+/// A camera with a plane for its image: a view, a projection and a surface.
+///
+/// Degenerate arguments leave the camera as it is. A frustum that the projection rejects keeps the projection; the
+/// other steps of the operation stay done.
+class PlanarCamera final : public Camera {
+public:
+    PlanarCamera() = default;
+    PlanarCamera(const View& view, const Projection& projection, const Surface& surface);
+
+    [[nodiscard]] View& view() noexcept { return mView; }
+    [[nodiscard]] const View& view() const noexcept { return mView; }
+    [[nodiscard]] const Projection& projection() const noexcept { return mProjection; }
+    [[nodiscard]] const Surface& surface() const noexcept { return mSurface; }
+
+    void setView(const View& view) { mView = view; }
+    void setProjection(const Projection& projection) { mProjection = projection; }
+    void setSurface(const Surface& surface) { mSurface = surface; }
+
+    /// Resizes surface and frustum together: the frustum's extent per pixel is kept, so that a larger window shows
+    /// more of the scene.
+    void updateWindowSize(std::uint32_t width, std::uint32_t height);
+
+    /// Puts near 5 % before and far 5 % behind a sphere in world space, near at least minimumNear. A sphere wholly
+    /// behind the eye is ignored.
+    void updateClippingPlanes(const math::Vec3& centre, double radius, double minimumNear);
+
+    /// Moves the eye sideways and back, and sizes the frustum, so that the box fills the image at its front face
+    /// (perspective) or anywhere (orthographic). The distance is that from which the box's diagonal across the view
+    /// fills 45 degrees, whatever the field of view is.
+    void fitWorldSpaceBoundingBox(const Box& box);
+    void fitViewSpaceBoundingBox(const Box& box);
+
+    /// Perspective to orthographic and back, keeping the visible height at the depth of the box's centre.
+    void switchProjectionType(const Box& box);
+
+    /// Magnifies the rectangle between two screen points so that it fills the image as far as the aspect ratio
+    /// allows. The eye moves only sideways.
+    void zoomArea(ScreenPoint first, ScreenPoint second);
+
+    /// Zooms the projection and moves the eye sideways so that what is seen at the anchor stays there.
+    void zoomWithAnchor(const ScreenPoint& anchor, double factor);
+    /// The same about the pixel nearest to a world point; ignored where that pixel is no 32-bit number.
+    void zoomWithAnchor(const math::Vec3& anchor, double factor);
+
+    /// Moves the eye sideways so that what is seen at the anchor moves by (dx, dy) pixels.
+    void panWithAnchor(const ScreenPoint& anchor, std::int32_t dx, std::int32_t dy);
+
+    /// Turns the view about a world point as if a ball in the window were dragged from one pixel to another. Throws
+    /// std::domain_error for a surface of no height, which only a forged image has.
+    void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to);
+
+    /// Not yet implemented: each prints one line to standard output and changes nothing.
+    void updateFromScreen() override;
+    void updateFromWindow() override;
+    [[nodiscard]] std::string typeName() const override;
+
+private:
+    [[nodiscard]] Box toViewSpace(const Box& worldBox) const noexcept;
+    /// The point of the unit sphere that a pixel of the window stands for.
+    [[nodiscard]] math::Vec3 arcballPoint(const Pixel& pixel) const;
+
+    View mView;
+    Projection mProjection;
+    Surface mSurface;
+};
+
+} // namespace qel::api::camera::impl

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Projection.h"
+
+#include <cmath>
+
+#include "Tolerances.h"
+#include "Vectors.h"
+
+namespace qel::api::camera::impl {
+
+using math::Frustum;
+using math::Mat4;
+using math::tolerance;
+using math::Vec3;
+
+namespace {
+
+/// The lower and upper end of an extent on the near plane.
+struct Extent {
+    double low;
+    double high;
+};
+
+/// The extent seen under an angle whose centre direction is that of the given extent.
+Extent extentOfAngle(const Extent& current, const double angle, const double nearDist) {
+    const double centre = std::atan(((current.low + current.high) / 2.0) / nearDist);
+    return {std::tan(centre - angle / 2.0) * nearDist, std::tan(centre + angle / 2.0) * nearDist};
+}
+
+double angleOfExtent(Extent extent, const double nearDist) noexcept {
+    double lowDepth = nearDist;
+    double highDepth = nearDist;
+    math::normalise2(extent.low, lowDepth);
+    math::normalise2(extent.high, highDepth);
+    return std::acos(extent.low * extent.high + lowDepth * highDepth);
+}
+
+} // namespace
+
+Projection::Projection() { setPerspective(0.7853981633974483, 1.3333333333333333, 0.01, 10000.0); }
+
+Projection::Projection(const Mat4& matrix, const Mat4& inverse, const std::int32_t type, const Frustum& frustum)
+    : mMatrix(matrix), mInverse(inverse), mType(type), mFrustum(frustum) {}
+
+void Projection::setPerspective(const double verticalFoV, const double aspectRatio, const double nearDist,
+                                const double farDist) {
+    if (tolerance >= verticalFoV || tolerance >= aspectRatio || tolerance >= nearDist || nearDist >= farDist) {
+        return;
+    }
+    const double top = std::tan(verticalFoV / 2.0) * nearDist;
+    const double right = top * aspectRatio;
+    mFrustum = {-right, right, -top, top, nearDist, farDist};
+    mType = 0;
+    rebuildMatrices();
+}
+
+void Projection::setOrthographic(const double width, const double height, const double nearDist, const double farDist) {
+    if (tolerance >= width || tolerance >= height || tolerance >= nearDist || nearDist >= farDist) {
+        return;
+    }
+    mFrustum = {-width / 2.0, width / 2.0, -height / 2.0, height / 2.0, nearDist, farDist};
+    mType = 1;
+    rebuildMatrices();
+}
+
+void Projection::setFrustum(const Frustum& frustum, const bool orthographic) {
+    if (frustum.left >= frustum.right || frustum.bottom >= frustum.top || tolerance >= frustum.nearDist ||
+        frustum.nearDist >= frustum.farDist) {
+        return;
+    }
+    mFrustum = frustum;
+    mType = orthographic ? 1 : 0;
+    rebuildMatrices();
+}
+
+void Projection::setHorizontalFoV(const double angle) {
+    if (isOrthographic() || tolerance >= angle) {
+        return;
+    }
+    const auto& [l, r, b, t, n, f] = mFrustum;
+    const double aspect = (r - l) / (t - b);
+    const auto [left, right] = extentOfAngle({l, r}, angle, n);
+    const double halfHeight = ((right - left) / aspect) / 2.0;
+    const double centre = (b + t) / 2.0;
+    setFrustum({left, right, centre - halfHeight, centre + halfHeight, n, f}, false);
+}
+
+void Projection::setVerticalFoV(const double angle) {
+    if (isOrthographic() || tolerance >= angle) {
+        return;
+    }
+    const auto& [l, r, b, t, n, f] = mFrustum;
+    const double aspect = (r - l) / (t - b);
+    const auto [bottom, top] = extentOfAngle({b, t}, angle, n);
+    const double halfWidth = ((top - bottom) * aspect) / 2.0;
+    const double centre = (l + r) / 2.0;
+    setFrustum({centre - halfWidth, centre + halfWidth, bottom, top, n, f}, false);
+}
+
+void Projection::setFoV(const double horizontal, const double vertical) {
+    if (isOrthographic() || tolerance >= horizontal || tolerance >= vertical) {
+        return;
+    }
+    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto [left, right] = extentOfAngle({l, r}, horizontal, n);
+    const auto [bottom, top] = extentOfAngle({b, t}, vertical, n);
+    setFrustum({left, right, bottom, top, n, f}, false);
+}
+
+void Projection::setAspectRatio(const double aspectRatio) {
+    if (tolerance >= aspectRatio) {
+        return;
+    }
+    const auto& [l, r, b, t, n, f] = mFrustum;
+    const double scale = ((r - l) / (t - b)) / aspectRatio;
+    setFrustum({l, r, b * scale, t * scale, n, f}, isOrthographic());
+}
+
+void Projection::setNear(const double nearDist) {
+    if (tolerance >= nearDist || nearDist >= mFrustum.farDist) {
+        return;
+    }
+    Frustum frustum = mFrustum;
+    if (!isOrthographic()) {
+        const double scale = nearDist / mFrustum.nearDist;
+        frustum = withSidesScaled(frustum, scale, scale);
+    }
+    frustum.nearDist = nearDist;
+    setFrustum(frustum, isOrthographic());
+}
+
+void Projection::setFar(const double farDist) {
+    if (mFrustum.nearDist >= farDist) {
+        return;
+    }
+    Frustum frustum = mFrustum;
+    frustum.farDist = farDist;
+    setFrustum(frustum, isOrthographic());
+}
+
+void Projection::setProjectionMatrix(const Mat4& matrix, const bool orthographic) {
+    mMatrix = matrix;
+    mType = orthographic ? 1 : 0;
+    // mInverse is left alone on purpose, and near and far keep the sign that they come with: see the declaration.
+    mFrustum.left = math::transformPoint(mInverse, {-1.0, 0.0, -1.0}).x;
+    mFrustum.right = math::transformPoint(mInverse, {1.0, 0.0, -1.0}).x;
+    mFrustum.bottom = math::transformPoint(mInverse, {0.0, -1.0, -1.0}).y;
+    mFrustum.top = math::transformPoint(mInverse, {0.0, 1.0, -1.0}).y;
+    mFrustum.nearDist = math::transformPoint(mInverse, {0.0, 0.0, -1.0}).z;
+    mFrustum.farDist = math::transformPoint(mInverse, {0.0, 0.0, 1.0}).z;
+}
+
+void Projection::zoom(const double factor) {
+    if (0.0 > factor) {
+        return;
+    }
+    const auto& [l, r, b, t, n, f] = mFrustum;
+    const double centreX = (l + r) / 2.0;
+    const double centreY = (b + t) / 2.0;
+    const double halfWidth = (r - l) * factor / 2.0;
+    const double halfHeight = (t - b) * factor / 2.0;
+    setFrustum({centreX - halfWidth, centreX + halfWidth, centreY - halfHeight, centreY + halfHeight, n, f},
+               isOrthographic());
+}
+
+double Projection::horizontalFoV() const noexcept {
+    return isOrthographic() ? 0.0 : angleOfExtent({mFrustum.left, mFrustum.right}, mFrustum.nearDist);
+}
+
+double Projection::verticalFoV() const noexcept {
+    return isOrthographic() ? 0.0 : angleOfExtent({mFrustum.bottom, mFrustum.top}, mFrustum.nearDist);
+}
+
+double Projection::aspectRatio() const noexcept {
+    return (mFrustum.right - mFrustum.left) / (mFrustum.top - mFrustum.bottom);
+}
+
+void Projection::rebuildMatrices() {
+    mMatrix = isOrthographic() ? math::makeOrtho(mFrustum) : math::makeFrustum(mFrustum);
+    mInverse = isOrthographic() ? math::makeOrthoInverse(mFrustum) : math::makeFrustumInverse(mFrustum);
+}
+
+} // namespace qel::api::camera::impl

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Surface.h"
+
+#include "Tolerances.h"
+
+namespace qel::api::camera::impl {
+
+using math::Mat4;
+using math::tolerance;
+using math::Viewport;
+
+Surface::Surface() { update({0.0, 0.0, 1.0, 1.0, 0.0, 1.0}, 640, 480); }
+
+Surface::Surface(const Viewport& viewport, const Mat4& matrix, const Mat4& inverse, const std::uint32_t resolutionX,
+                 const std::uint32_t resolutionY)
+    : mViewport(viewport), mMatrix(matrix), mInverse(inverse), mResolutionX(resolutionX), mResolutionY(resolutionY) {}
+
+void Surface::update(const Viewport& viewport, const std::uint32_t resolutionX, const std::uint32_t resolutionY) {
+    if (0.0 > viewport.x || viewport.x > 1.0 || 0.0 > viewport.y || viewport.y > 1.0 || tolerance >= viewport.width ||
+        tolerance >= viewport.height || resolutionX == 0 || resolutionY == 0) {
+        return;
+    }
+    mViewport = viewport;
+    mResolutionX = resolutionX;
+    mResolutionY = resolutionY;
+    rebuildMatrices();
+}
+
+void Surface::setResolutionX(const std::uint32_t resolutionX) {
+    if (resolutionX == 0) {
+        return;
+    }
+    mResolutionX = resolutionX;
+    rebuildMatrices();
+}
+
+void Surface::setResolutionY(const std::uint32_t resolutionY) {
+    if (resolutionY == 0) {
+        return;
+    }
+    mResolutionY = resolutionY;
+    rebuildMatrices();
+}
+
+void Surface::setViewport(const Viewport& viewport) { mViewport = viewport; }
+
+void Surface::rebuildMatrices() {
+    mMatrix = math::makeViewport(mViewport, mResolutionX, mResolutionY);
+    mInverse = math::makeViewportInverse(mViewport, mResolutionX, mResolutionY);
+}
+
+} // namespace qel::api::camera::impl

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Matrices.h"
+#include "Quaternions.h"
+#include "Vectors.h"
+
+namespace qel::api::camera::impl {
+
+/// Where the eye is and how it is turned. The view looks along its negative z axis, x to its right, y up.
+///
+/// Three descriptions of one placement are kept in step: the view transform matrix (view to world, columns x, y, z
+/// axis and eye), the view matrix (world to view, its inverse) and the rotation (columns x, y, z axis in world
+/// space). Degenerate arguments leave the view as it is. Angles are radians.
+class View {
+public:
+    /// At the origin, looking along -z with y up.
+    View();
+
+    /// Looks from the eye at a point. Where that is degenerate the view stays blank: identity matrices, eye 0.
+    View(const math::Vec3& eye, const math::Vec3& lookat, const math::Vec3& up);
+
+    /// Takes every part as given, consistent or not, as an image holds them.
+    View(const math::Mat4& viewTransformMatrix, const math::Mat4& viewMatrix, const math::Mat3& rotation,
+         const math::Vec3& eye);
+
+    View(const View&) = default;
+    View& operator=(const View&) = default;
+    virtual ~View() = default;
+
+    [[nodiscard]] const math::Mat4& viewTransformMatrix() const noexcept { return mViewTransformMatrix; }
+    [[nodiscard]] const math::Mat4& viewMatrix() const noexcept { return mViewMatrix; }
+    [[nodiscard]] const math::Mat3& rotation() const noexcept { return mRotation; }
+    [[nodiscard]] const math::Vec3& eye() const noexcept { return mEye; }
+
+    /// Where the view looks: the negated z axis.
+    [[nodiscard]] math::Vec3 direction() const noexcept { return -column(mRotation, 2); }
+
+    /// The view's axes in world space, as the rows of the view matrix hold them.
+    [[nodiscard]] math::Vec3 xAxis() const noexcept { return row(mViewMatrix, 0); }
+    [[nodiscard]] math::Vec3 yAxis() const noexcept { return row(mViewMatrix, 1); }
+    [[nodiscard]] math::Vec3 zAxis() const noexcept { return row(mViewMatrix, 2); }
+
+    /// Ignored where lookat is at the eye, up is zero, or up is parallel to the direction.
+    void lookAt(const math::Vec3& eye, const math::Vec3& lookat, math::Vec3 up);
+
+    void setEye(const math::Vec3& eye);
+
+    /// A quaternion too short to have a direction is used as it is, without an error.
+    void setOrientation(math::Quat orientation);
+
+    /// Turns about the view's y, x or z axis by twice the angle: the doubling is required of these three, and
+    /// yawPitchRoll does not share it.
+    void yaw(double angle);
+    void pitch(double angle);
+    void roll(double angle);
+
+    /// Turns about the three axes as they are before the call: pitch first, then yaw, then roll, each by its angle.
+    void yawPitchRoll(double yaw, double pitch, double roll);
+
+    /// Moves the eye by an offset along the view's axes, or along the world's.
+    void translateInViewSpace(const math::Vec3& offset);
+    void translateInWorldSpace(const math::Vec3& offset);
+
+    /// Looks along the axis at the target from the distance that the eye has from it; an eye on the target stays
+    /// there and looks along the axis.
+    void setViewAlongWorldAxis(const math::Vec3& target, math::Vec3 axis, const math::Vec3& up);
+
+    /// Takes a world-to-view matrix as given, without orthonormalising it, and derives the rest.
+    void setViewMatrix(const math::Mat4& matrix);
+
+    /// Takes a view-to-world matrix as given. The rotation is, as required, derived from the view matrix as it was
+    /// before the call, so that direction and orientation are out of step until a later operation rebuilds them.
+    void setViewTransformMatrix(const math::Mat4& matrix);
+
+    /// Whether the tilt of a rotation about an axis stops before it carries the eye onto the axis.
+    enum class PoleLimit { off, on };
+
+    /// Turns eye and view about an axis through the pivot by `angle`, after tilting them towards or away from the
+    /// axis by `tilt`. The tilt is left out where the eye is on the pivot or on the axis.
+    void rotateAboutAxis(const math::Vec3& pivot, math::Vec3 axis, double angle, double tilt, PoleLimit poleLimit);
+    void rotateAboutWorldAxis(const math::Vec3& pivot, const math::Vec3& axis, double angle, double tilt);
+    /// About the view's own y axis, with no limit to the tilt.
+    void rotateAboutViewAxes(const math::Vec3& pivot, double angle, double tilt);
+
+    [[nodiscard]] math::Vec3 worldToViewVector(const math::Vec3& vector) const noexcept;
+    [[nodiscard]] math::Vec3 worldToViewPoint(const math::Vec3& point) const noexcept;
+    [[nodiscard]] math::Vec3 viewToWorldVector(const math::Vec3& vector) const noexcept;
+    [[nodiscard]] math::Vec3 viewToWorldPoint(const math::Vec3& point) const noexcept;
+
+private:
+    void turnByTwice(double angle, const math::Vec3& axis);
+    void updateViewMatrixTranslation();
+
+    math::Mat4 mViewTransformMatrix;
+    math::Mat4 mViewMatrix;
+    math::Mat3 mRotation;
+    math::Vec3 mEye;
+};
+
+} // namespace qel::api::camera::impl
