@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # camera_add_component_module(<target>
 #   SOURCES <file>...        the module's own sources: the factory
 #   LIBS <target>...         static libraries it is made of

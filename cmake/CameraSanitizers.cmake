@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Turns CAMERA_SANITIZERS into flags for everything that is built: a program and the modules it loads
 # must agree on them.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # camera_target_defaults(<target>)
 #
 # What every target of ours is compiled with. A header-only target passes on the language level alone:

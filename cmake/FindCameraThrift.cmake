@@ -1,9 +1,14 @@
+# SPDX-License-Identifier: Apache-2.0
 # Finds an Apache Thrift C++ library that is new enough and offers it as camera::thrift.
 #
 # New enough is what compiles and links, not a version number: the protocol interface must know the uuid
 # type, and the library must fit into a shared module. Looked at in this order: a CMake package (in
 # CMAKE_PREFIX_PATH, the prefix made by scripts/setup, the system), then what pkg-config names, the
 # static library before the shared one.
+#
+# CAMERA_THRIFT_COMPILER is Thrift's compiler where there is one that goes with it, and
+# CAMERA_THRIFT_PYTHON_PATH the folder of its Python library; both are for the tests, made by
+# `scripts/setup test`.
 #
 # CAMERA_THRIFT_SHARED says afterwards whether a module linked with it needs Thrift's shared library.
 
@@ -141,3 +146,8 @@ if(CameraThrift_FOUND AND NOT TARGET camera::thrift)
     INTERFACE_LINK_LIBRARIES ${_camera_thrift_target}
     INTERFACE_INCLUDE_DIRECTORIES "${CAMERA_BOOST_INCLUDE_DIR}")
 endif()
+
+find_program(CAMERA_THRIFT_COMPILER thrift HINTS "${_camera_thrift_prefix}/bin")
+find_path(CAMERA_THRIFT_PYTHON_PATH thrift/Thrift.py PATHS "${_camera_thrift_prefix}/share/thrift/python"
+  NO_DEFAULT_PATH)
+mark_as_advanced(CAMERA_THRIFT_COMPILER CAMERA_THRIFT_PYTHON_PATH)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Finds out which of the system's packages are missing and installs those; sourced by scripts/setup.
 # shellcheck shell=bash
 
@@ -68,7 +69,7 @@ has_candidate() {
 
 install_needed() {
     ((${#needed_packages[@]})) || [[ -n ${clang_sanitizers_wanted:-} ]] || return 0
-    have apt-get && have dpkg-query ||
+    { have apt-get && have dpkg-query; } ||
         die "this machine has no apt-get; please install what these Debian packages hold: ${needed_packages[*]:-clang with its sanitizers}"
 
     local package major index

@@ -1,6 +1,8 @@
+# SPDX-License-Identifier: Apache-2.0
 # Gets Apache Thrift's sources and builds from them; sourced by scripts/setup.
 # shellcheck shell=bash
 
+: "${root:?}"
 thrift_prefix=$root/.deps/thrift
 thrift_cache=$root/.deps/cache
 thrift_system=$root/.deps/thrift-system
@@ -106,7 +108,7 @@ thrift_tools_ready() {
 
 # Prints the apt sources of this machine, one a line: uri, suite, components, Signed-By (or -).
 apt_sources() {
-    local Dir='' list='' parts=''
+    local list='' parts=''
     eval "$(apt-config shell list Dir::Etc::sourcelist/f parts Dir::Etc::sourceparts/d)"
     local file
     for file in "$list" "${parts%/}"/*.list; do
@@ -184,7 +186,7 @@ debian_archives() {
 # a configuration, lists and a cache of its own in a temporary folder.
 fetch_thrift_tarball() {
     have apt-get || die "no apt-get to fetch Thrift's sources with; name an archive of them with THRIFT_TARBALL=<file>"
-    local work archives uri key options suite signed version
+    local work archives uri key suite signed tarball
     work=$(mktemp -d)
     # shellcheck disable=SC2064
     trap "rm -rf '$work'" RETURN
@@ -219,11 +221,11 @@ fetch_thrift_tarball() {
         rm -rf "$work"/lists/*_* "$work"/download/*
     done <<<"$archives"
 
-    version=$(compgen -G "$work/download/thrift_*.orig.tar.*" | grep -v '\.asc$' | head -n 1) ||
+    tarball=$(compgen -G "$work/download/thrift_*.orig.tar.*" | grep -v '\.asc$' | head -n 1) ||
         die "could not fetch Thrift's sources, see above; name an archive of them with THRIFT_TARBALL=<file>"
     mkdir -p "$thrift_cache"
-    cp "$version" "$thrift_cache/.part" && mv "$thrift_cache/.part" "$thrift_cache/${version##*/}"
-    printf '%s\n' "$thrift_cache/${version##*/}"
+    cp "$tarball" "$thrift_cache/.part" && mv "$thrift_cache/.part" "$thrift_cache/${tarball##*/}"
+    printf '%s\n' "$thrift_cache/${tarball##*/}"
 }
 
 # Sets thrift_tarball, and thrift_source to a folder with the sources; both builds share them.
