@@ -32,4 +32,14 @@ protected:
     BaseAPIIf& operator=(const BaseAPIIf&) = default;
 };
 
+/// The name under which a module exports its factory, for dlsym, and the factory's type.
+inline constexpr const char* createComponentInstanceName = "createComponentInstance";
+using CreateComponentInstance = BaseAPIIf*();
+
 } // namespace qel::api::base
+
+/// The one function that a component's module exports. Makes a new, independent instance, or returns null when there
+/// is no memory for it; never throws, and may be called from several threads at once. The caller owns the instance:
+/// it destroys it with `delete` while the module is still loaded, and reaches the camera operations with
+/// `dynamic_cast<qel::api::camera::CameraAPIIf*>`. A host looks it up by name and does not link it.
+extern "C" qel::api::base::BaseAPIIf* createComponentInstance();

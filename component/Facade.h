@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Failure.h"
+#include "StateConversion.h"
+
+namespace qel::api::camera {
+
+// The road of every operation: records in, a working object or a value, records out. Everything is read before
+// anything is written, so arguments may be parts of the result. Whatever is thrown on the way becomes the failure's
+// code and message; on success the outcome part of the result stays as the caller passed it.
+
+/// Runs `work`, which fills in the result's value itself.
+template <class Result, class Work>
+void attempt(Result& _return, const Failure& failure, const Work& work) noexcept {
+    try {
+        work();
+    } catch (...) {
+        failure.report(_return.mResult);
+    }
+}
+
+/// Writes what `compute` returns, a working object or a value, into the result's value.
+template <class Result, class Compute>
+void answer(Result& _return, const Failure& failure, const Compute& compute) noexcept {
+    attempt(_return, failure, [&] { write(_return.mValue, compute()); });
+}
+
+/// Rebuilds the state's object, lets `change` work on it, and writes it into the result's value.
+template <class Result, class State, class Change>
+void change(Result& _return, const Failure& failure, const State& state, const Change& change) noexcept {
+    answer(_return, failure, [&] {
+        auto object = toObject(state);
+        change(object);
+        return object;
+    });
+}
+
+} // namespace qel::api::camera
