@@ -112,7 +112,7 @@ apt_sources() {
     eval "$(apt-config shell list Dir::Etc::sourcelist/f parts Dir::Etc::sourceparts/d)"
     local file
     for file in "$list" "${parts%/}"/*.list; do
-        [[ -f $file ]] && cat -- "$file" && echo
+        if [[ -f $file ]]; then cat -- "$file" && echo; fi
     done | awk '
         { sub(/#.*/, "") }
         $1 == "deb" || $1 == "deb-src" {
@@ -128,7 +128,7 @@ apt_sources() {
             if (components != "") print $2, $3, components, key
         }'
     for file in "${parts%/}"/*.sources; do
-        [[ -f $file ]] && cat -- "$file" && echo
+        if [[ -f $file ]]; then cat -- "$file" && echo; fi
     done | awk '
         function flush(    u, s, i, j, uris, suites, components, key) {
             components = field["components"]
@@ -182,14 +182,14 @@ debian_archives() {
 }
 
 # Fetches Thrift's source archive from the suites in development of the Debian archive this machine uses,
-# and prints where it is. The machine's own apt sources, lists and packages are left alone: apt works with
+# and prints where it is; to be called in a subshell. The machine's own apt sources, lists and packages are left alone: apt works with
 # a configuration, lists and a cache of its own in a temporary folder.
 fetch_thrift_tarball() {
     have apt-get || die "no apt-get to fetch Thrift's sources with; name an archive of them with THRIFT_TARBALL=<file>"
     local work archives uri key suite signed tarball
     work=$(mktemp -d)
     # shellcheck disable=SC2064
-    trap "rm -rf '$work'" RETURN
+    trap "rm -rf '$work'" EXIT
     chmod 755 "$work"
     mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$work/download"
     # apt fetches as a user of its own where it can.

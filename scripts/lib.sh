@@ -2,6 +2,7 @@
 # shellcheck shell=bash
 
 set -euo pipefail
+shopt -s inherit_errexit
 
 # The tree this script belongs to, wherever it was called from.
 # shellcheck disable=SC2034
