@@ -26,18 +26,13 @@ clang_sanitizers_ready() {
     have clang++ && compgen -G "$(clang++ -print-runtime-dir)/libclang_rt.asan*.a" >/dev/null
 }
 
-# Clang's sanitizers come in a package of their own, named after the version of the compiler.
+# Clang's sanitizers come in a package of their own, which must fit the version of the compiler.
 need_clang_sanitizers() {
-    clang_sanitizers_ready && return
-    have clang++ || need clang "$1"
-    clang_sanitizers_wanted=$1
-}
-
-clang_major() {
-    if have clang++; then
-        clang++ -dumpversion | cut -d. -f1
-    else
-        apt-cache depends clang 2>/dev/null | sed -n 's/^ *Depends: clang-\([0-9][0-9]*\)$/\1/p' | head -n 1
+    if ! have clang++; then
+        need clang "$1"
+        need libclang-rt-dev "the sanitizers of clang"
+    elif ! clang_sanitizers_ready; then
+        need "libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev" "the sanitizers of clang"
     fi
 }
 
@@ -68,31 +63,25 @@ has_candidate() {
 }
 
 install_needed() {
-    ((${#needed_packages[@]})) || [[ -n ${clang_sanitizers_wanted:-} ]] || return 0
+    ((${#needed_packages[@]})) || return 0
     { have apt-get && have dpkg-query; } ||
-        die "this machine has no apt-get; please install what these Debian packages hold: ${needed_packages[*]:-clang with its sanitizers}"
+        die "this machine has no apt-get; please install what these Debian packages hold: ${needed_packages[*]}"
 
-    local package major index
-    if may_install; then
-        for package in "${needed_packages[@]:-clang}"; do
-            has_candidate "$package" || refresh_apt_lists "no package $package is known"
-        done
-    fi
-    if [[ -n ${clang_sanitizers_wanted:-} ]]; then
-        major=$(clang_major)
-        [[ -n $major ]] || major=VERSION
-        need "libclang-rt-$major-dev" "the sanitizers of that compiler"
-    fi
-
+    local package index
     say "missing packages:"
     for index in "${!needed_packages[@]}"; do
         printf '   %-20s %s\n' "${needed_packages[index]}" "${needed_reasons[index]}" >&2
     done
 
+    if may_install; then
+        for package in "${needed_packages[@]}"; do
+            has_candidate "$package" || refresh_apt_lists "$package is not in the package lists"
+        done
+    fi
     local install=(apt-get install -y --no-install-recommends "${needed_packages[@]}")
     if ! may_install; then
         printf '%s\n' "Installing them needs root; please run" "" "    sudo ${install[*]}" "" \
-            "(after 'sudo apt-get update' where the package lists are old), then this script again." >&2
+            "(after 'sudo apt-get update', where it does not know them), then this script again." >&2
         exit 1
     fi
     local environment=(env DEBIAN_FRONTEND=noninteractive)
@@ -104,7 +93,4 @@ install_needed() {
         as_root "${environment[@]}" "${install[@]}" "${options[@]}" </dev/null >&2 ||
             die "apt-get install failed; its messages stand above"
     fi
-
-    [[ -z ${clang_sanitizers_wanted:-} ]] || clang_sanitizers_ready ||
-        die "clang++ ($(clang++ -print-runtime-dir)) has no address sanitizer even after installing"
 }
