@@ -13,185 +13,488 @@ namespace qel::api::camera {
 
 /// The camera service: 79 operations over value records.
 ///
-/// The service is stateless. An operation receives complete states, and writes the new state or the computed value
-/// into `_return`; nothing is kept between calls, so one instance may be called from many threads at once.
+/// State. The service keeps nothing between calls. An operation receives complete states, rebuilds the
+/// objects from their `mPrivate`, and writes the new state or the computed value into `_return`, so one
+/// instance may be called from many threads at once. An image that the component did not write is taken on
+/// trust. Arguments may be parts of `_return`: everything is read before anything is written. Storage that
+/// `_return` already holds is used again.
 ///
-/// Errors. No operation throws. A failed call sets `_return.mResult` (the code and a message) and leaves the value a
-/// valid record, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
-/// result record that is used again keeps an older error until the host resets it; only the three projection
-/// getters set it to success themselves. A call fails when a state's `mPrivate` is shorter than its image, when a
-/// Vector, Quaternion or Matrix holds too few values, or when memory runs out. Degenerate numbers (zero-length
-/// vectors, sizes that are not positive, negligible angles) are no errors: the object stays as it was and the call
-/// succeeds.
+/// Errors. No operation throws. A failed call sets `_return.mResult`: the code CAMERA_API_ERROR_UNKNOWN (-1)
+/// and the message "Call to <operation>() failed.", unless the operation names others. A call fails when a
+/// state's `mPrivate` is shorter than its image (view 384 bytes, projection 336, surface 336, planar camera
+/// 1080), when a Vector holds fewer than 3 values, a Quaternion fewer than 4 or a Matrix fewer than 4 rows of
+/// 4, or when memory runs out; what is longer is read from its beginning. The value is a valid record even
+/// so, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
+/// result record that is used again keeps an older error until the host resets it; the three projection
+/// getters and the three identity operations alone set it to success.
 ///
-/// Arguments may be parts of `_return`: everything is read before anything is written. Storage that `_return`
-/// already holds is used again.
+/// Degenerate numbers are no errors. "Unchanged when ..." below means that the call succeeds and returns the
+/// state as it came. Each condition is meant as written: a comparison with NaN is false, so a NaN passes a
+/// test such as "unchanged when near <= 1e-7" and ends up in the result. A finite camera stays finite except
+/// where an operation says that it divides by zero, and where a result exceeds the range of a double.
 ///
-/// Conventions. Angles are radians. World space is right-handed; the view looks along its own negative z axis, x to
-/// its right, y up. Normalised device coordinates run from -1 to 1 on all axes. Screen positions are whole pixels
-/// with the origin at the corner where normalised x and y are -1, that is the lower left; a depth runs from the
-/// viewport's minimum depth at the near plane to its maximum at the far plane. 32-bit resolutions and window sizes
-/// are read as unsigned, so -1 is 4294967295.
+/// Conventions. Angles are radians. World space is right-handed; positive turns run counterclockwise, seen
+/// from the tip of their axis. View space has the eye at its origin, x to the right, y up, and looks along
+/// its negative z axis, so a point ahead has a negative z. Matrices act on column vectors. Normalised device
+/// coordinates run from -1 to 1 on all axes, near to far as z grows. A screen position is a whole pixel of
+/// the surface and a depth: x grows to the right, y upwards, pixel (0, 0) is the lower left corner of the
+/// surface; the depth runs from the viewport's minimum (0 by default) at the near plane to its maximum (1) at
+/// the far plane. Pixels may lie outside the surface. Resolutions and window sizes are read as unsigned, so
+/// -1 is 4294967295.
 class CameraAPIIf : public virtual base::BaseAPIIf {
 public:
+    // View: where the eye is and how it is turned.
+
+    /// Makes the default view: the eye at the world origin, looking along the world's negative z axis, y up.
+    /// Failure: "Unable to create View object.".
     virtual void viewCreateDefault(ViewStateResult& _return) = 0;
 
+    /// Makes a view from `eye` towards the point `lookat` with `up` upwards, as viewUpdateLookat does. Where
+    /// that leaves its view unchanged, the result is blank: all matrices the identity, the eye at the origin.
+    /// Failure: "Unable to create View object.".
     virtual void viewCreate(ViewStateResult& _return, const Vector& eye, const Vector& lookat, const Vector& up) = 0;
 
+    /// Moves the eye to `eye` (world point); the orientation stays. Every point is taken.
     virtual void viewSetEye(ViewStateResult& _return, const ViewState& state, const Vector& eye) = 0;
 
-    virtual void viewSetViewAlongWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& target, const Vector& axis, const Vector& up) = 0;
+    /// Looks at `target` (world point) along `axis` (world vector of any length) from the distance that the
+    /// eye has now: the eye moves to target - distance * axis / |axis|. An eye within 1e-7 of the target
+    /// stays where it is and looks along the axis. `up` is that of viewUpdateLookat. Unchanged when
+    /// |axis| <= 1e-7, and when the look-at is refused, as for an `up` parallel to the axis.
+    virtual void viewSetViewAlongWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& target,
+                                           const Vector& axis, const Vector& up) = 0;
 
-    virtual void viewSetOrientation(ViewStateResult& _return, const ViewState& state, const Quaternion& orientation) = 0;
+    /// Turns the view so that its axes are the world's axes rotated by `orientation` (x, y, z, w); the eye
+    /// stays. A quaternion of length 1e-4 or more is normalised first; a shorter one, or one whose length is
+    /// NaN, is used as it is, on purpose: the rotation formula then gives a matrix near the identity and no
+    /// error (Shoemake, "Animating Rotation with Quaternion Curves", SIGGRAPH 1985).
+    virtual void viewSetOrientation(ViewStateResult& _return, const ViewState& state,
+                                    const Quaternion& orientation) = 0;
 
-    virtual void viewUpdateLookat(ViewStateResult& _return, const ViewState& state, const Vector& eye, const Vector& lookat, const Vector& up) = 0;
+    /// Moves the eye to `eye` and turns it towards `lookat` (world points), rolled so that `up` (world vector
+    /// of any length, not necessarily perpendicular) points upwards: gluLookAt of the OpenGL 2.1 reference
+    /// pages. Unchanged when |lookat - eye| <= 1e-7, when |up| <= 1e-7, and when up is parallel or opposite
+    /// to the direction: 1 - |cosine of their angle| <= 1e-7, within about 4.5e-4 radians.
+    virtual void viewUpdateLookat(ViewStateResult& _return, const ViewState& state, const Vector& eye,
+                                  const Vector& lookat, const Vector& up) = 0;
 
+    /// Takes `matrix` (world to view) as the view matrix, as given. The view transform matrix becomes its
+    /// affine inverse: the 3x3 part transposed, the translation -(transposed 3x3 * t) / m33, the bottom row
+    /// 0, 0, 0, 1 / m33, with 0 for 1 / m33 when |m33| <= 1e-8; the bottom row given is not looked at
+    /// otherwise. Orientation and eye follow from the quaternion of the 3x3 part (Shoemake 1985), which is
+    /// not normalised. Nothing is orthonormalised, so for a matrix that is not rigid the four descriptions of
+    /// the view contradict each other.
     virtual void viewSetViewMatrix(ViewStateResult& _return, const ViewState& state, const Matrix& matrix) = 0;
 
+    /// Takes `matrix` (view to world) as the view transform matrix, as given; the view matrix becomes its
+    /// affine inverse as in viewSetViewMatrix, the eye its translation column. The orientation does not
+    /// follow: `mDirection` and `mOrientation` are those of the transposed rotation that the view had before
+    /// the call, and what works from the orientation (viewSetEye, turns, moves in view space) goes on from
+    /// there. This is required. A host that wants the matrix's placement in all fields passes its inverse to
+    /// viewSetViewMatrix.
     virtual void viewSetViewTransformMatrix(ViewStateResult& _return, const ViewState& state, const Matrix& matrix) = 0;
 
+    /// Turns the view about its own y axis by twice `angle` (radians); positive turns it to the left. The
+    /// doubling is required of viewYaw, viewPitch and viewRoll; viewYawPitchRoll turns by the angle itself.
+    /// The eye stays. Unchanged when |angle| <= 1e-7.
     virtual void viewYaw(ViewStateResult& _return, const ViewState& state, double angle) = 0;
 
+    /// Turns the view about its own x axis by twice `angle` (radians); positive turns it upwards. As viewYaw.
     virtual void viewPitch(ViewStateResult& _return, const ViewState& state, double angle) = 0;
 
+    /// Turns the view about its own z axis by twice `angle` (radians); positive tips its top to the left, so
+    /// that the picture turns clockwise. As viewYaw.
     virtual void viewRoll(ViewStateResult& _return, const ViewState& state, double angle) = 0;
 
-    virtual void viewYawPitchRoll(ViewStateResult& _return, const ViewState& state, double yaw, double pitch, double roll) = 0;
+    /// Turns the view by `pitch` about its x axis, then by `yaw` about its y axis, then by `roll` about its z
+    /// axis (radians, not doubled). All three axes are those from before the call. The eye stays. An angle
+    /// that is NaN or at most 1e-7 in absolute value is left out. Unchanged when all three absolute values
+    /// are <= 1e-7.
+    virtual void viewYawPitchRoll(ViewStateResult& _return, const ViewState& state, double yaw, double pitch,
+                                  double roll) = 0;
 
+    /// Moves the eye by `offset` in view coordinates (x right, y up, z backwards). Unchanged when
+    /// |offset| <= 1e-7.
     virtual void viewTranslateInViewSpace(ViewStateResult& _return, const ViewState& state, const Vector& offset) = 0;
 
+    /// Moves the eye by `offset` in world coordinates. Unchanged when |offset| <= 1e-7.
     virtual void viewTranslateInWorldSpace(ViewStateResult& _return, const ViewState& state, const Vector& offset) = 0;
 
-    virtual void viewRotateAboutWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& pivot, const Vector& axis, double angle, double secondAngle) = 0;
+    /// Turntable: swings eye and view together about `pivot` (world point), first by `tilt` about the cross
+    /// product of `axis` and the arm from pivot to eye, then by `angle` about `axis` (world vector of any
+    /// length). A positive tilt carries the eye away from the axis's tip. The tilt is left out, and the angle
+    /// still applied, when |tilt| <= 1e-7 or NaN, when the eye is within 1e-7 of the pivot or on the axis
+    /// (1 - |cosine| < 1e-7), and when it would end on or beyond a pole: arm and axis within 1e-7 radians of
+    /// parallel or opposite. An angle that is NaN or at most 1e-7 in absolute value is left out. Unchanged
+    /// when both absolute values are <= 1e-7, when |axis| <= 1e-7, and when the look-at that ends the turn is
+    /// refused, as for an eye so far from the origin (1e16) that a step of 1 does not move it.
+    virtual void viewRotateAboutWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& pivot,
+                                          const Vector& axis, double angle, double tilt) = 0;
 
-    virtual void viewRotateAboutViewAxes(ViewStateResult& _return, const ViewState& state, const Vector& pivot, double angle, double secondAngle) = 0;
+    /// The same about the view's own y axis, as it is in world space, and without the limit at the poles.
+    virtual void viewRotateAboutViewAxes(ViewStateResult& _return, const ViewState& state, const Vector& pivot,
+                                         double angle, double tilt) = 0;
 
-    virtual void viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state, const Vector& vector) = 0;
+    /// A world vector in view coordinates: the product of the view matrix and (vector, 0), divided by its w
+    /// when |w| > 1e-4, which only a matrix set by the host can give. Translations do not count.
+    virtual void viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
+                                                      const Vector& vector) = 0;
 
-    virtual void viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state, const Vector& vector) = 0;
+    /// A view vector in world coordinates, through the view transform matrix in the same way.
+    virtual void viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state,
+                                                      const Vector& vector) = 0;
 
-    virtual void viewTransformWorldPointToViewPoint(VectorResult& _return, const ViewState& state, const Vector& point) = 0;
+    /// A world point in view coordinates: transformed as a vector is, and only then moved by the view
+    /// matrix's translation column, which is never divided.
+    virtual void viewTransformWorldPointToViewPoint(VectorResult& _return, const ViewState& state,
+                                                    const Vector& point) = 0;
 
-    virtual void viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state, const Vector& point) = 0;
+    /// A view point in world coordinates, through the view transform matrix in the same way.
+    virtual void viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state,
+                                                    const Vector& point) = 0;
 
+    // Projection: the frustum. Its sides lie on the near plane when it is perspective.
+
+    /// Makes the default projection: perspective, vertical field of view pi/4, width to height 4:3, near
+    /// 0.01, far 10000. Failure: "Unable to create Projection object.".
     virtual void projectionCreateDefault(ProjectionStateResult& _return) = 0;
 
-    virtual void projectionCreate(ProjectionStateResult& _return, const Frustum& frustum, ProjectionType::type type) = 0;
+    /// Makes a projection as projectionSetFrustum does; a frustum that is refused there gives the default
+    /// projection.
+    /// Failure: "Unable to create Projection object.".
+    virtual void projectionCreate(ProjectionStateResult& _return, const Frustum& frustum,
+                                  ProjectionType::type projectionType) = 0;
 
-    virtual void projectionSetFrustum(ProjectionStateResult& _return, const ProjectionState& state, const Frustum& frustum, ProjectionType::type type) = 0;
+    /// Sets the six planes and the type, and from them the projection matrix (glFrustum or glOrtho of the
+    /// OpenGL 2.1 reference pages) and its inverse. The frustum may be off centre. A type other than
+    /// ORTHOGRAPHIC is perspective. Refused, leaving the projection unchanged, when left >= right,
+    /// bottom >= top, near <= 1e-7 or near >= far. Every frustum that another operation makes is subject to
+    /// the same test unless that operation says otherwise.
+    virtual void projectionSetFrustum(ProjectionStateResult& _return, const ProjectionState& state,
+                                      const Frustum& frustum, ProjectionType::type projectionType) = 0;
 
-    virtual void projectionSetHFoV(ProjectionStateResult& _return, const ProjectionState& state, double horizontalFoV) = 0;
+    /// Opens the frustum to `horizontalFoV` (radians) from left to right. The horizontal direction of its
+    /// centre, the vertical centre and the aspect ratio stay. Unchanged for an orthographic projection and
+    /// when horizontalFoV <= 1e-7. There is no upper bound: above pi the tangents change sign, and the
+    /// frustum that they give is refused as a rule, or is that of an angle smaller by 2 pi.
+    virtual void projectionSetHFoV(ProjectionStateResult& _return, const ProjectionState& state,
+                                   double horizontalFoV) = 0;
 
+    /// The horizontal field of view in radians: the angle between (left, near) and (right, near); 0 for an
+    /// orthographic projection. The cosine is not clamped, so for an extremely narrow frustum its rounding
+    /// may give NaN. Success sets code 0 and an empty message, and leaves the message's set-flag as it was;
+    /// failure leaves the value as it was.
     virtual void projectionGetHFoV(DoubleResult& _return, const ProjectionState& state) = 0;
 
-    virtual void projectionSetVFoV(ProjectionStateResult& _return, const ProjectionState& state, double verticalFoV) = 0;
+    /// Opens the frustum to `verticalFoV` (radians) from bottom to top: projectionSetHFoV with the directions
+    /// exchanged.
+    virtual void projectionSetVFoV(ProjectionStateResult& _return, const ProjectionState& state,
+                                   double verticalFoV) = 0;
 
+    /// The vertical field of view in radians, between (bottom, near) and (top, near). As projectionGetHFoV.
     virtual void projectionGetVFoV(DoubleResult& _return, const ProjectionState& state) = 0;
 
-    virtual void projectionSetFoV(ProjectionStateResult& _return, const ProjectionState& state, double horizontalFoV, double verticalFoV) = 0;
+    /// Opens the frustum to both angles (radians); the direction of its centre stays, the aspect ratio
+    /// follows. Unchanged for an orthographic projection and when either angle is <= 1e-7; above pi as
+    /// projectionSetHFoV.
+    virtual void projectionSetFoV(ProjectionStateResult& _return, const ProjectionState& state, double horizontalFoV,
+                                  double verticalFoV) = 0;
 
-    virtual void projectionSetAspectRatio(ProjectionStateResult& _return, const ProjectionState& state, double aspectRatio) = 0;
+    /// Scales bottom and top so that width / height becomes `aspectRatio`; left and right stay. The scaling
+    /// is about 0, not about the vertical centre, on purpose: an off-centre frustum keeps its ratio of bottom
+    /// to top. Unchanged when aspectRatio <= 1e-7.
+    virtual void projectionSetAspectRatio(ProjectionStateResult& _return, const ProjectionState& state,
+                                          double aspectRatio) = 0;
 
+    /// The aspect ratio (right - left) / (top - bottom), of whatever frustum there is. As projectionGetHFoV.
     virtual void projectionGetAspectRatio(DoubleResult& _return, const ProjectionState& state) = 0;
 
+    /// Moves the near plane to the distance `nearDist`. A perspective frustum keeps its angles: its sides are
+    /// scaled by new over old near; an orthographic one keeps its sides. Unchanged when nearDist <= 1e-7 or
+    /// nearDist >= far.
     virtual void projectionSetNear(ProjectionStateResult& _return, const ProjectionState& state, double nearDist) = 0;
 
+    /// Moves the far plane to the distance `farDist`. Unchanged when near >= farDist.
     virtual void projectionSetFar(ProjectionStateResult& _return, const ProjectionState& state, double farDist) = 0;
 
-    virtual void projectionUpdatePerspective(ProjectionStateResult& _return, const ProjectionState& state, double verticalFoV, double aspectRatio, double nearDist, double farDist) = 0;
+    /// Sets a symmetric perspective projection from the vertical field of view (radians), width / height, and
+    /// the distances of near and far: gluPerspective of the OpenGL 2.1 reference pages. Unchanged when
+    /// verticalFoV, aspectRatio or nearDist is <= 1e-7, or when nearDist >= farDist. The sides are not
+    /// tested: a field of view between pi and 2 pi stores a frustum turned over (left > right, bottom > top).
+    virtual void projectionUpdatePerspective(ProjectionStateResult& _return, const ProjectionState& state,
+                                             double verticalFoV, double aspectRatio, double nearDist,
+                                             double farDist) = 0;
 
-    virtual void projectionUpdateOrthographic(ProjectionStateResult& _return, const ProjectionState& state, double width, double height, double nearDist, double farDist) = 0;
+    /// Sets a symmetric orthographic projection `width` by `height` (view-space units), with near and far at
+    /// the distances given. Unchanged when width, height or nearDist is <= 1e-7, or when nearDist >= farDist.
+    virtual void projectionUpdateOrthographic(ProjectionStateResult& _return, const ProjectionState& state,
+                                              double width, double height, double nearDist, double farDist) = 0;
 
-    virtual void projectionSetProjectionMatrix(ProjectionStateResult& _return, const ProjectionState& state, const Matrix& matrix, ProjectionType::type type) = 0;
+    /// Takes `matrix` (view to clip space) as the projection matrix and the type, both unchecked. The inverse
+    /// stays that of the previous projection, and the frustum becomes what that inverse makes of the sides
+    /// and ends of normalised device space (divided by w when |w| > 1e-4), near and far with the sign of
+    /// their view-space z, so negative as a rule. This is required: until an operation that replaces the
+    /// whole frustum, matrix, inverse and frustum do not belong together, operations that keep near or far
+    /// are refused, screen positions mix both projections, and what is computed from them (zoom area, zoom
+    /// with an anchor, pan, clipping planes, fit) may divide by zero.
+    virtual void projectionSetProjectionMatrix(ProjectionStateResult& _return, const ProjectionState& state,
+                                               const Matrix& matrix, ProjectionType::type projectionType) = 0;
 
+    /// Scales the frustum's sides about their centre by `factor`: above 1 shows more, below 1 magnifies.
+    /// Near, far and the eye stay. Unchanged when factor < 0, and for 0, whose empty frustum is refused.
     virtual void projectionZoom(ProjectionStateResult& _return, const ProjectionState& state, double factor) = 0;
 
+    // Surface: the pixels on which the image lands.
+
+    /// Makes the default surface: 640 by 480 pixels, the viewport all of it, depths 0 to 1.
+    /// Failure: "Unable to create Surface object.".
     virtual void surfaceCreateDefault(SurfaceStateResult& _return) = 0;
 
-    virtual void surfaceCreate(SurfaceStateResult& _return, double x, double y, double width, double height, double depthMin, double depthMax, std::int32_t resolutionX, std::int32_t resolutionY) = 0;
+    /// Makes a surface as surfaceUpdate does; arguments that are refused there give the default surface.
+    /// Failure: "Unable to create Surface object.".
+    virtual void surfaceCreate(SurfaceStateResult& _return, double x, double y, double width, double height,
+                               double depthMin, double depthMax, std::int32_t resolutionX,
+                               std::int32_t resolutionY) = 0;
 
-    virtual void surfaceSetViewport(SurfaceStateResult& _return, const SurfaceState& state, const Viewport& viewport) = 0;
+    /// Stores `viewport` (fractions of the resolution) without any check, and does not rebuild the viewport
+    /// matrices: screen positions are converted with the old ones until surfaceSetResolutionX or Y or
+    /// planarCameraUpdateWindowSize rebuilds them; surfaceUpdate sets viewport and matrices together. A width
+    /// or height of 0 or equal depths are stored too, and divide by zero in that rebuild.
+    virtual void surfaceSetViewport(SurfaceStateResult& _return, const SurfaceState& state,
+                                    const Viewport& viewport) = 0;
 
-    virtual void surfaceSetResolutionX(SurfaceStateResult& _return, const SurfaceState& state, std::int32_t resolutionX) = 0;
+    /// Sets the width of the surface in pixels and rebuilds the viewport matrices; the viewport keeps its
+    /// fractions. Unchanged when resolutionX is 0.
+    virtual void surfaceSetResolutionX(SurfaceStateResult& _return, const SurfaceState& state,
+                                       std::int32_t resolutionX) = 0;
 
-    virtual void surfaceSetResolutionY(SurfaceStateResult& _return, const SurfaceState& state, std::int32_t resolutionY) = 0;
+    /// Sets the height of the surface in pixels. As surfaceSetResolutionX.
+    virtual void surfaceSetResolutionY(SurfaceStateResult& _return, const SurfaceState& state,
+                                       std::int32_t resolutionY) = 0;
 
-    virtual void surfaceUpdate(SurfaceStateResult& _return, const SurfaceState& state, double x, double y, double width, double height, double depthMin, double depthMax, std::int32_t resolutionX, std::int32_t resolutionY) = 0;
+    /// Sets the viewport (lower left corner, width and height in fractions of the resolution, depth range)
+    /// and the resolution in pixels, and from them the viewport matrix (glViewport and glDepthRange of the
+    /// OpenGL 2.1 reference pages, unrounded) and its inverse. Unchanged when x or y is < 0 or > 1, when
+    /// width or height is <= 1e-7, or when a resolution is 0. The viewport may reach beyond the surface, and
+    /// the depths are not checked: equal depths divide by zero and put infinities or NaN into the inverse.
+    virtual void surfaceUpdate(SurfaceStateResult& _return, const SurfaceState& state, double x, double y, double width,
+                               double height, double depthMin, double depthMax, std::int32_t resolutionX,
+                               std::int32_t resolutionY) = 0;
 
+    // Planar camera: a view, a projection and a surface together.
+
+    /// Makes a camera of the default view, projection and surface.
+    /// Failure: "Unable to create default PlanarCamera object.".
     virtual void planarCameraCreateDefault(PlanarCameraStateResult& _return) = 0;
 
-    virtual void planarCameraCreate(PlanarCameraStateResult& _return, const ViewState& view, const ProjectionState& projection, const SurfaceState& surface) = 0;
+    /// Makes a camera of the three parts, each taken as it is.
+    /// Failure: "Unable to create PlanarCamera object from arguments.".
+    virtual void planarCameraCreate(PlanarCameraStateResult& _return, const ViewState& view,
+                                    const ProjectionState& projection, const SurfaceState& surface) = 0;
 
-    virtual void planarCameraSetView(PlanarCameraStateResult& _return, const PlanarCameraState& state, const ViewState& view) = 0;
+    /// Replaces the camera's view; projection and surface stay.
+    virtual void planarCameraSetView(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                     const ViewState& view) = 0;
 
-    virtual void planarCameraSetProjection(PlanarCameraStateResult& _return, const PlanarCameraState& state, const ProjectionState& projection) = 0;
+    /// Replaces the camera's projection; view and surface stay.
+    virtual void planarCameraSetProjection(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                           const ProjectionState& projection) = 0;
 
-    virtual void planarCameraSetSurface(PlanarCameraStateResult& _return, const PlanarCameraState& state, const SurfaceState& surface) = 0;
+    /// Replaces the camera's surface; view and projection stay.
+    virtual void planarCameraSetSurface(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                        const SurfaceState& surface) = 0;
 
-    virtual void planarCameraUpdateWindowSize(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t width, std::int32_t height) = 0;
+    /// Sets the surface's resolution to the window's size in pixels and scales the frustum alike: left and
+    /// right by new over old width, bottom and top by new over old height. The extent per pixel is kept, so a
+    /// larger window shows more of the scene. Unchanged when width or height is 0. A frustum that is refused
+    /// stays; the resolution changes all the same.
+    virtual void planarCameraUpdateWindowSize(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                              std::int32_t width, std::int32_t height) = 0;
 
-    virtual void planarCameraUpdateClippingPlanes(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& centre, double radius, double minimumNear) = 0;
+    /// Fits near and far to a sphere (centre in world space): near 5 % closer than its front, at least
+    /// `minimumNearDist`, far 5 % beyond its back. A perspective frustum keeps its angles, an orthographic
+    /// one its sides. Unchanged when radius or minimumNearDist is <= 1e-7, when the whole sphere is behind
+    /// the eye (view-space z - radius >= 0), and when near would reach far. A front that is NaN counts as
+    /// nearer than the minimum.
+    virtual void planarCameraUpdateClippingPlanes(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                  const Vector& centre, double radius, double minimumNearDist) = 0;
 
-    virtual void planarCameraFitWorldSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state, double x1, double y1, double z1, double x2, double y2, double z2) = 0;
+    /// Fits the view-space box around the eight corners of a world-space box, as
+    /// planarCameraFitViewSpaceBoundingBox does; the two opposite corners may come in any order. The
+    /// orientation stays. Coordinates are searched between -3.4e38 and 3.4e38 (the largest float), and
+    /// corners that are NaN are passed over. Unchanged when the corners are at most 1e-7 apart.
+    virtual void planarCameraFitWorldSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                      double x1, double y1, double z1, double x2, double y2,
+                                                      double z2) = 0;
 
-    virtual void planarCameraFitViewSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state, double xMin, double yMin, double zMin, double xMax, double yMax, double zMax) = 0;
+    /// Moves the eye and sets the frustum so that the box fills the image in one direction and fits in the
+    /// other. With dist = half the box's diagonal across the view / tan(pi/8) and h = half its diagonal in
+    /// space, the box's centre comes to lie h + dist ahead on the viewing axis, near is dist, far 2 h + dist.
+    /// Sides: those of the box, in perspective of its front face as seen on the near plane, widened to the
+    /// aspect ratio of the present frustum. The 45 degrees in dist are fixed, whatever the field of view was.
+    /// Unchanged when the diagonal is <= 1e-7. Corners in the wrong order, or a box without extent across the
+    /// view, move the eye but leave the projection. In perspective a box some 1e16 times deeper than wide
+    /// divides by zero.
+    virtual void planarCameraFitViewSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                     double xMin, double yMin, double zMin, double xMax, double yMax,
+                                                     double zMax) = 0;
 
-    virtual void planarCameraSwitchProjectionType(PlanarCameraStateResult& _return, const PlanarCameraState& state, double x1, double y1, double z1, double x2, double y2, double z2) = 0;
+    /// Turns a perspective projection into an orthographic one or back, scaling the sides so that the visible
+    /// height at the depth of a world-space box's centre stays; near, far and the view stay. The depth is
+    /// that of the view-space box around the eight corners; a centre more than near behind the eye counts as
+    /// near ahead. Unchanged when the corners are at most 1e-7 apart, and when the centre is in or behind the
+    /// eye's plane by no more than near; a view-space z of exactly -0 divides by zero when the projection is
+    /// orthographic.
+    virtual void planarCameraSwitchProjectionType(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                  double x1, double y1, double z1, double x2, double y2, double z2) = 0;
 
-    virtual void planarCameraSetViewAlongWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& target, const Vector& axis, const Vector& up) = 0;
+    /// viewSetViewAlongWorldAxis of the camera's view; projection and surface stay.
+    virtual void planarCameraSetViewAlongWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                   const Vector& target, const Vector& axis, const Vector& up) = 0;
 
-    virtual void planarCameraRotateAboutViewAxes(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& pivot, double angle, double secondAngle) = 0;
+    // Navigation. The first eight are those of the view, on the camera's view; projection and surface stay.
 
-    virtual void planarCameraRotateAboutWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& pivot, const Vector& axis, double angle, double secondAngle) = 0;
+    /// viewRotateAboutViewAxes of the camera's view: about its own y axis, without the limit at the poles.
+    virtual void planarCameraRotateAboutViewAxes(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                 const Vector& pivot, double angle, double tilt) = 0;
 
-    virtual void planarCameraTranslateInWorldSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& offset) = 0;
+    /// viewRotateAboutWorldAxis of the camera's view: the turntable, with the limit at the poles.
+    virtual void planarCameraRotateAboutWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                  const Vector& pivot, const Vector& axis, double angle,
+                                                  double tilt) = 0;
 
-    virtual void planarCameraTranslateInViewSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& offset) = 0;
+    /// viewTranslateInWorldSpace of the camera's view.
+    virtual void planarCameraTranslateInWorldSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                   const Vector& offset) = 0;
 
+    /// viewTranslateInViewSpace of the camera's view.
+    virtual void planarCameraTranslateInViewSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                  const Vector& offset) = 0;
+
+    /// viewYaw of the camera's view: by twice the angle.
     virtual void planarCameraYaw(PlanarCameraStateResult& _return, const PlanarCameraState& state, double angle) = 0;
 
+    /// viewPitch of the camera's view: by twice the angle.
     virtual void planarCameraPitch(PlanarCameraStateResult& _return, const PlanarCameraState& state, double angle) = 0;
 
+    /// viewRoll of the camera's view: by twice the angle.
     virtual void planarCameraRoll(PlanarCameraStateResult& _return, const PlanarCameraState& state, double angle) = 0;
 
-    virtual void planarCameraYawPitchRoll(PlanarCameraStateResult& _return, const PlanarCameraState& state, double yaw, double pitch, double roll) = 0;
+    /// viewYawPitchRoll of the camera's view: by the angles themselves.
+    virtual void planarCameraYawPitchRoll(PlanarCameraStateResult& _return, const PlanarCameraState& state, double yaw,
+                                          double pitch, double roll) = 0;
 
-    virtual void planarCameraZoomArea(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2, std::int32_t y2, double depth2) = 0;
+    /// Magnifies the rectangle between two screen positions, widened to the frustum's aspect ratio, until it
+    /// fills the image. The eye moves sideways only, never forward: the frustum narrows instead, symmetric
+    /// about the new axis. In perspective the rectangle is measured on the near plane, and its centre is
+    /// brought to the axis at the depth of the corner nearer to the eye. Its width and height there count as
+    /// at least 0.001 units. When both depths are within 1e-7 of each other and the first of the viewport's
+    /// maximum (background), 0.9 is taken for both. Unchanged when the pixels are the same, and when a depth
+    /// is < 0 or > 1. In perspective a depth in the plane of the eye (see planarCameraPanWithAnchor) divides
+    /// by zero.
+    virtual void planarCameraZoomArea(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x1,
+                                      std::int32_t y1, double depth1, std::int32_t x2, std::int32_t y2,
+                                      double depth2) = 0;
 
-    virtual void planarCameraZoomWithAnchor_Screen(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x, std::int32_t y, double depth, double factor) = 0;
+    /// projectionZoom by `factor`, then a move of the eye in the view plane that brings what was seen at the
+    /// screen position back to it. Unchanged when factor is negative or 0. The depth is not limited to the
+    /// viewport's range; one in the plane of the eye (see planarCameraPanWithAnchor) divides by zero,
+    /// whatever the factor.
+    virtual void planarCameraZoomWithAnchor_Screen(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                   std::int32_t x, std::int32_t y, double depth, double factor) = 0;
 
-    virtual void planarCameraZoomWithAnchor_World(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& anchor, double factor) = 0;
+    /// planarCameraZoomWithAnchor_Screen about the pixel at which the world point `anchor` is seen, with its
+    /// depth. The position is rounded to whole pixels first (halves away from zero), on purpose. Unchanged
+    /// when the position is not a number or no 32-bit integer. An anchor some 1e16 times farther than near,
+    /// whose depth cannot be told from infinity's, divides by zero in perspective.
+    virtual void planarCameraZoomWithAnchor_World(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                                  const Vector& anchor, double factor) = 0;
 
-    virtual void planarCameraPanWithAnchor(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x, std::int32_t y, double depth, std::int32_t dx, std::int32_t dy) = 0;
+    /// Moves the eye in the view plane so that what is seen at the screen position (x, y, depth) is then seen
+    /// at (x + dx, y + dy). The sum wraps around in 32 bits. In perspective the depth decides how far the eye
+    /// moves. It is not limited to the viewport's range, and the depth of the plane through the eye,
+    /// far / (far - near) for depths 0 to 1, divides by zero; when far exceeds near some 1e16 times, that is
+    /// the depth of the far plane.
+    virtual void planarCameraPanWithAnchor(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                           std::int32_t x, std::int32_t y, double depth, std::int32_t dx,
+                                           std::int32_t dy) = 0;
 
-    virtual void planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state, const Vector& centre, std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2) = 0;
+    /// Swings eye and view about `pivot` (world point) as if a ball were dragged from pixel (x1, y1) to (x2,
+    /// y2), read as unsigned: Shoemake's arcball ("ARCBALL: A User Interface for Specifying Three-Dimensional
+    /// Orientation Using a Mouse", Graphics Interface 1992) with Bell's hyperbolic sheet outside. The turn is
+    /// the angle between the two points of the ball, not twice that. Required irregularities: the aspect
+    /// ratio that centres the ball is truncated to a whole number, so the ball is off centre unless the width
+    /// is a whole multiple of the height; the sheet begins at radius 0.5, with a step there; the cosine is
+    /// not clamped, so a turn whose angle comes out NaN is left out. Unchanged for equal pixels, and where
+    /// viewRotateAboutViewAxes would be. Fails when the surface's resolution y is 0 (a forged image).
+    virtual void planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state,
+                                             const Vector& pivot, std::int32_t x1, std::int32_t y1, std::int32_t x2,
+                                             std::int32_t y2) = 0;
 
+    // Utilities: matrices without a camera. Failure has the code CAMERA_API_ERROR_CALL_FAILED (4).
+
+    /// The perspective matrix of `frustum` (glFrustum). Nothing is tested: an empty frustum gives infinities
+    /// or NaN and success.
     virtual void utilsMakePerspectiveMatrix(MatrixResult& _return, const Frustum& frustum) = 0;
 
+    /// The orthographic matrix of `frustum` (glOrtho), untested likewise.
     virtual void utilsMakeOrthographicMatrix(MatrixResult& _return, const Frustum& frustum) = 0;
 
+    /// Transposes a list of rows of any shape; the first row's length counts, surplus values of longer rows
+    /// are left out. An empty first row gives an empty list. Fails when there are no rows or one is shorter
+    /// than the first.
     virtual void utilsConvertMatrixFromRowMajorToColumnMajor(MatrixResult& _return, const Matrix& matrix) = 0;
 
-    virtual void transformScreenPointToViewPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x, std::int32_t y, double depth) = 0;
+    // Space transforms: between screen, view and world space. The camera does not change.
 
-    virtual void transformScreenPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x, std::int32_t y, double depth) = 0;
+    /// The view-space point at a screen position. In perspective a depth in the plane of the eye (see
+    /// planarCameraPanWithAnchor) gives infinities or NaN.
+    virtual void transformScreenPointToViewPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x,
+                                                 std::int32_t y, double depth) = 0;
 
-    virtual void transformViewPointToScreenPoint(VectorResult& _return, const PlanarCameraState& state, const Vector& point) = 0;
+    /// The world-space point at a screen position: the view-space point turned by the orientation and moved
+    /// by the eye.
+    virtual void transformScreenPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x,
+                                                  std::int32_t y, double depth) = 0;
 
-    virtual void transformWorldPointToScreenPoint(VectorResult& _return, const PlanarCameraState& state, const Vector& point) = 0;
+    /// The screen position at which a view-space point is seen: x and y rounded to whole pixels (halves away
+    /// from zero, never -0), z the depth, not rounded. Points outside the frustum are projected too; in
+    /// perspective one behind the eye comes out mirrored, and one in the eye's plane gives infinities or NaN.
+    virtual void transformViewPointToScreenPoint(VectorResult& _return, const PlanarCameraState& state,
+                                                 const Vector& point) = 0;
 
-    virtual void transformWorldPointToViewPoint(VectorResult& _return, const PlanarCameraState& state, const Vector& point) = 0;
+    /// The screen position at which a world-space point is seen: transformWorldPointToViewPoint, then
+    /// transformViewPointToScreenPoint.
+    virtual void transformWorldPointToScreenPoint(VectorResult& _return, const PlanarCameraState& state,
+                                                  const Vector& point) = 0;
 
-    virtual void transformWorldVectorToViewVector(VectorResult& _return, const PlanarCameraState& state, const Vector& vector) = 0;
+    /// viewTransformWorldPointToViewPoint of the camera's view.
+    virtual void transformWorldPointToViewPoint(VectorResult& _return, const PlanarCameraState& state,
+                                                const Vector& point) = 0;
 
-    virtual void transformViewPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state, const Vector& point) = 0;
+    /// viewTransformWorldVectorToViewVector of the camera's view.
+    virtual void transformWorldVectorToViewVector(VectorResult& _return, const PlanarCameraState& state,
+                                                  const Vector& vector) = 0;
 
-    virtual void transformViewVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state, const Vector& vector) = 0;
+    /// A view point in world coordinates: turned by the orientation and moved by the eye, not through the
+    /// view transform matrix; the two agree unless the host set a view matrix that is not rigid, or a view
+    /// transform matrix.
+    virtual void transformViewPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state,
+                                                const Vector& point) = 0;
 
-    virtual void transformScreenVectorToViewVector(VectorResult& _return, const PlanarCameraState& state, std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2, std::int32_t y2, double depth2) = 0;
+    /// A view vector in world coordinates: turned by the orientation.
+    virtual void transformViewVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state,
+                                                  const Vector& vector) = 0;
 
-    virtual void transformScreenVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state, std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2, std::int32_t y2, double depth2) = 0;
+    /// The view-space vector to the first screen position from the second.
+    virtual void transformScreenVectorToViewVector(VectorResult& _return, const PlanarCameraState& state,
+                                                   std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2,
+                                                   std::int32_t y2, double depth2) = 0;
 
+    /// The world-space vector to the first screen position from the second.
+    virtual void transformScreenVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state,
+                                                    std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2,
+                                                    std::int32_t y2, double depth2) = 0;
 };
 
 } // namespace qel::api::camera
