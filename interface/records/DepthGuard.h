@@ -7,7 +7,8 @@ namespace qel::api::records {
 
 /// One level of nesting in a protocol's depth counter. Thrift's own trackers are not used: their constructor
 /// increments, throws DEPTH_LIMIT and never decrements, so each refused message would lower the limit for the next.
-template <void (::apache::thrift::protocol::TProtocol::*enter)(), void (::apache::thrift::protocol::TProtocol::*leave)()>
+template <void (::apache::thrift::protocol::TProtocol::*enter)(),
+          void (::apache::thrift::protocol::TProtocol::*leave)()>
 class DepthGuard {
 public:
     explicit DepthGuard(::apache::thrift::protocol::TProtocol& protocol) : mProtocol(protocol) {

@@ -30,7 +30,7 @@ inline void appendText(std::string& text, const std::string& value) { text += va
 
 /// An enumerator's name, or the number where the value has none.
 template <class Value>
-    requires std::is_enum_v<Value>
+requires std::is_enum_v<Value>
 void appendText(std::string& text, Value value) {
     if (const char* name = nameOf(value)) {
         text += name;
@@ -40,7 +40,7 @@ void appendText(std::string& text, Value value) {
 }
 
 template <class Record>
-    requires std::is_class_v<Record>
+requires std::is_class_v<Record>
 void appendText(std::string& text, const Record& record);
 
 template <class Element>
@@ -56,7 +56,7 @@ void appendText(std::string& text, const std::vector<Element>& list) {
 }
 
 template <class Record>
-    requires std::is_class_v<Record>
+requires std::is_class_v<Record>
 void appendText(std::string& text, const Record& record) {
     text += FieldTable<Record>::recordName;
     const char* separator = "(";

@@ -7,7 +7,6 @@
 #include "RecordValue.h"
 #include "RecordWire.h"
 
-
 namespace qel::api::camera {
 
 using ::apache::thrift::protocol::TProtocol;
@@ -123,7 +122,9 @@ void PlanarCameraStateResult::__set_mResult(const base::ServiceResult& value) {
     __isset.mResult = true;
 }
 
-bool PlanarCameraStateResult::operator==(const PlanarCameraStateResult& other) const { return equalRecords(*this, other); }
+bool PlanarCameraStateResult::operator==(const PlanarCameraStateResult& other) const {
+    return equalRecords(*this, other);
+}
 std::uint32_t PlanarCameraStateResult::read(TProtocol* protocol) { return readRecord(*this, *protocol); }
 std::uint32_t PlanarCameraStateResult::write(TProtocol* protocol) const { return writeRecord(*this, *protocol); }
 void PlanarCameraStateResult::printTo(std::ostream& out) const { printRecord(*this, out); }

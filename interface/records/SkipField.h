@@ -9,89 +9,67 @@
 #include <thrift/protocol/TProtocolException.h>
 
 #include "DepthGuard.h"
+#include "WireTypes.h"
 
 namespace qel::api::records {
 
-/// Reads one value of the given type and drops it. Every value counts as one level of nesting, as in Thrift's own
-/// skip, which is not used because it leaves the depth counter raised when it refuses a message (see DepthGuard).
-inline std::uint32_t skipField(::apache::thrift::protocol::TProtocol& protocol,
-                               ::apache::thrift::protocol::TType type) {
-    using namespace ::apache::thrift::protocol;
-    const InputDepth depth(protocol);
-    std::uint32_t count = 0;
-    std::uint32_t size = 0;
-    TType first = T_STOP;
-    TType second = T_STOP;
+template <class Value, class Reader>
+void skipValue(Reader& reader) {
+    Value value{};
+    reader.read(value);
+}
 
+/// Reads one value of the given type and drops it. Every value counts as one level of nesting, as in Thrift's own
+/// skip, which is not used because it leaves the depth counter raised when it refuses a message (see DepthGuard) and
+/// makes room for a text by its announced size.
+template <class Reader>
+void skipField(Reader& reader, TType type) {
+    using namespace ::apache::thrift::protocol;
+    const InputDepth depth(reader.protocol());
     switch (type) {
-    case T_BOOL: {
-        bool value = false;
-        return protocol.readBool(value);
-    }
-    case T_BYTE: {
-        std::int8_t value = 0;
-        return protocol.readByte(value);
-    }
-    case T_I16: {
-        std::int16_t value = 0;
-        return protocol.readI16(value);
-    }
-    case T_I32: {
-        std::int32_t value = 0;
-        return protocol.readI32(value);
-    }
-    case T_I64: {
-        std::int64_t value = 0;
-        return protocol.readI64(value);
-    }
-    case T_DOUBLE: {
-        double value = 0;
-        return protocol.readDouble(value);
-    }
+    case T_BOOL: return skipValue<bool>(reader);
+    case T_BYTE: return skipValue<std::int8_t>(reader);
+    case T_I16: return skipValue<std::int16_t>(reader);
+    case T_I32: return skipValue<std::int32_t>(reader);
+    case T_I64: return skipValue<std::int64_t>(reader);
+    case T_DOUBLE: return skipValue<double>(reader);
+    case T_UUID: return skipValue<::apache::thrift::TUuid>(reader);
     case T_STRING: {
-        std::string value;
-        return protocol.readBinary(value);
-    }
-    case T_UUID: {
-        ::apache::thrift::TUuid value;
-        return protocol.readUUID(value);
+        std::string bytes;
+        return reader.readBytes(bytes);
     }
     case T_STRUCT: {
-        std::string name;
-        std::int16_t id = 0;
-        count += protocol.readStructBegin(name);
-        for (;;) {
-            count += protocol.readFieldBegin(name, first, id);
-            if (first == T_STOP) {
-                break;
-            }
-            count += skipField(protocol, first);
-            count += protocol.readFieldEnd();
+        const auto outer = reader.beginStruct();
+        for (FieldHeader field = reader.beginField(); field.type != T_STOP; field = reader.beginField()) {
+            skipField(reader, field.type);
+            reader.endField();
         }
-        return count + protocol.readStructEnd();
+        return reader.endStruct(outer);
     }
-    case T_MAP:
-        count += protocol.readMapBegin(first, second, size);
-        for (std::uint32_t i = 0; i < size; ++i) {
-            count += skipField(protocol, first);
-            count += skipField(protocol, second);
+    case T_MAP: {
+        const Pairs pairs = reader.beginMap();
+        for (std::uint32_t i = 0; i < pairs.size; ++i) {
+            skipField(reader, pairs.keyType);
+            skipField(reader, pairs.valueType);
         }
-        return count + protocol.readMapEnd();
-    case T_SET:
-        count += protocol.readSetBegin(first, size);
-        for (std::uint32_t i = 0; i < size; ++i) {
-            count += skipField(protocol, first);
-        }
-        return count + protocol.readSetEnd();
-    case T_LIST:
-        count += protocol.readListBegin(first, size);
-        for (std::uint32_t i = 0; i < size; ++i) {
-            count += skipField(protocol, first);
-        }
-        return count + protocol.readListEnd();
-    default: break;
+        return reader.endMap();
     }
-    throw TProtocolException(TProtocolException::INVALID_DATA, "invalid TType");
+    case T_SET: {
+        const Elements elements = reader.beginSet();
+        for (std::uint32_t i = 0; i < elements.size; ++i) {
+            skipField(reader, elements.type);
+        }
+        return reader.endSet();
+    }
+    case T_LIST: {
+        const Elements elements = reader.beginList();
+        for (std::uint32_t i = 0; i < elements.size; ++i) {
+            skipField(reader, elements.type);
+        }
+        return reader.endList();
+    }
+    default: throw TProtocolException(TProtocolException::INVALID_DATA, "invalid TType");
+    }
 }
 
 } // namespace qel::api::records

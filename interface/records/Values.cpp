@@ -7,7 +7,6 @@
 #include "RecordValue.h"
 #include "RecordWire.h"
 
-
 namespace qel::api::camera {
 
 using ::apache::thrift::protocol::TProtocol;
