@@ -332,9 +332,9 @@ public:
     /// space, the box's centre comes to lie h + dist ahead on the viewing axis, near is dist, far 2 h + dist.
     /// Sides: those of the box, in perspective of its front face as seen on the near plane, widened to the
     /// aspect ratio of the present frustum. The 45 degrees in dist are fixed, whatever the field of view was.
-    /// Unchanged when the diagonal is <= 1e-7. Corners in the wrong order, or a box without extent across the
-    /// view, move the eye but leave the projection. In perspective a box some 1e16 times deeper than wide
-    /// divides by zero.
+    /// Unchanged when the diagonal is <= 1e-7. The corners are not put in order: when x and y are both
+    /// reversed, as when dist <= 1e-7 (no extent across the view), the eye moves but the projection stays. In
+    /// perspective a box some 1e16 times deeper than wide divides by zero.
     virtual void planarCameraFitViewSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                      double xMin, double yMin, double zMin, double xMax, double yMax,
                                                      double zMax) = 0;
@@ -390,43 +390,43 @@ public:
     /// brought to the axis at the depth of the corner nearer to the eye. Its width and height there count as
     /// at least 0.001 units. When both depths are within 1e-7 of each other and the first of the viewport's
     /// maximum (background), 0.9 is taken for both. Unchanged when the pixels are the same, and when a depth
-    /// is < 0 or > 1. In perspective a depth in the plane of the eye (see planarCameraPanWithAnchor) divides
-    /// by zero.
+    /// is < 0 or > 1. In perspective the depth of infinity (see planarCameraPanWithAnchor) divides by zero.
     virtual void planarCameraZoomArea(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x1,
                                       std::int32_t y1, double depth1, std::int32_t x2, std::int32_t y2,
                                       double depth2) = 0;
 
     /// projectionZoom by `factor`, then a move of the eye in the view plane that brings what was seen at the
     /// screen position back to it. Unchanged when factor is negative or 0. The depth is not limited to the
-    /// viewport's range; one in the plane of the eye (see planarCameraPanWithAnchor) divides by zero,
+    /// viewport's range; in perspective that of infinity (see planarCameraPanWithAnchor) divides by zero,
     /// whatever the factor.
     virtual void planarCameraZoomWithAnchor_Screen(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                    std::int32_t x, std::int32_t y, double depth, double factor) = 0;
 
     /// planarCameraZoomWithAnchor_Screen about the pixel at which the world point `anchor` is seen, with its
     /// depth. The position is rounded to whole pixels first (halves away from zero), on purpose. Unchanged
-    /// when the position is not a number or no 32-bit integer. An anchor some 1e16 times farther than near,
-    /// whose depth cannot be told from infinity's, divides by zero in perspective.
+    /// when the position is not a number or no 32-bit integer. In perspective an anchor some 1e16 times
+    /// farther than near, whose depth cannot be told from infinity's, divides by zero.
     virtual void planarCameraZoomWithAnchor_World(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                   const Vector& anchor, double factor) = 0;
 
     /// Moves the eye in the view plane so that what is seen at the screen position (x, y, depth) is then seen
     /// at (x + dx, y + dy). The sum wraps around in 32 bits. In perspective the depth decides how far the eye
-    /// moves. It is not limited to the viewport's range, and the depth of the plane through the eye,
-    /// far / (far - near) for depths 0 to 1, divides by zero; when far exceeds near some 1e16 times, that is
-    /// the depth of the far plane.
+    /// moves. It is not limited to the viewport's range, and the depth of infinity, far / (far - near) when
+    /// the viewport's is 0 to 1, divides by zero; when far exceeds near some 1e16 times, that is the depth of
+    /// the far plane, too.
     virtual void planarCameraPanWithAnchor(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                            std::int32_t x, std::int32_t y, double depth, std::int32_t dx,
                                            std::int32_t dy) = 0;
 
-    /// Swings eye and view about `pivot` (world point) as if a ball were dragged from pixel (x1, y1) to (x2,
-    /// y2), read as unsigned: Shoemake's arcball ("ARCBALL: A User Interface for Specifying Three-Dimensional
-    /// Orientation Using a Mouse", Graphics Interface 1992) with Bell's hyperbolic sheet outside. The turn is
-    /// the angle between the two points of the ball, not twice that. Required irregularities: the aspect
-    /// ratio that centres the ball is truncated to a whole number, so the ball is off centre unless the width
-    /// is a whole multiple of the height; the sheet begins at radius 0.5, with a step there; the cosine is
-    /// not clamped, so a turn whose angle comes out NaN is left out. Unchanged for equal pixels, and where
-    /// viewRotateAboutViewAxes would be. Fails when the surface's resolution y is 0 (a forged image).
+    /// Swings eye and view about `pivot` (world point) as if a ball were dragged from pixel (x1, y1) to
+    /// (x2, y2), read as unsigned: Shoemake's arcball ("ARCBALL: A User Interface for Specifying
+    /// Three-Dimensional Orientation Using a Mouse", Graphics Interface 1992) with Bell's hyperbolic sheet
+    /// outside. The turn is the angle between the two points of the ball, not twice that. Required
+    /// irregularities: the aspect ratio that centres the ball is truncated to a whole number, so the ball is
+    /// off centre unless the width is a whole multiple of the height; the sheet begins at radius 0.5, with a
+    /// step there; the cosine is not clamped, so a turn whose angle comes out NaN is left out. Unchanged for
+    /// equal pixels, and where viewRotateAboutViewAxes would be. Fails when the surface's resolution y is 0
+    /// (a forged image).
     virtual void planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                              const Vector& pivot, std::int32_t x1, std::int32_t y1, std::int32_t x2,
                                              std::int32_t y2) = 0;
@@ -447,8 +447,8 @@ public:
 
     // Space transforms: between screen, view and world space. The camera does not change.
 
-    /// The view-space point at a screen position. In perspective a depth in the plane of the eye (see
-    /// planarCameraPanWithAnchor) gives infinities or NaN.
+    /// The view-space point at a screen position. In perspective the depth of infinity (see
+    /// planarCameraPanWithAnchor) gives infinities or NaN, a greater one a point behind the eye.
     virtual void transformScreenPointToViewPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x,
                                                  std::int32_t y, double depth) = 0;
 
