@@ -52,7 +52,7 @@ function(_camera_thrift_suits target result)
   endif()
 endfunction()
 
-set(_camera_thrift_target "")
+set(CameraThrift_TARGET "")
 set(_camera_thrift_rejected "")
 
 # Thrift's headers include headers of Boost.
@@ -70,7 +70,7 @@ if(CAMERA_BOOST_INCLUDE_DIR)
   if(Thrift_FOUND AND TARGET thrift::thrift)
     _camera_thrift_suits(thrift::thrift _camera_thrift_suitable)
     if(_camera_thrift_suitable)
-      set(_camera_thrift_target thrift::thrift)
+      set(CameraThrift_TARGET thrift::thrift)
       set(CameraThrift_VERSION ${Thrift_VERSION})
     else()
       list(APPEND _camera_thrift_rejected "${Thrift_DIR} (version ${Thrift_VERSION})")
@@ -78,7 +78,7 @@ if(CAMERA_BOOST_INCLUDE_DIR)
     endif()
   endif()
 
-  if(NOT _camera_thrift_target)
+  if(NOT CameraThrift_TARGET)
     find_package(PkgConfig QUIET)
     if(PKG_CONFIG_FOUND)
       pkg_check_modules(CAMERA_THRIFT_PC QUIET thrift)
@@ -89,7 +89,7 @@ if(CAMERA_BOOST_INCLUDE_DIR)
         find_library(CAMERA_THRIFT_${_camera_thrift_kind}_LIBRARY NAMES ${_camera_thrift_name}
           HINTS ${CAMERA_THRIFT_PC_LIBRARY_DIRS} ${CAMERA_THRIFT_PC_LIBDIR})
         mark_as_advanced(CAMERA_THRIFT_${_camera_thrift_kind}_LIBRARY)
-        if(_camera_thrift_target OR NOT CAMERA_THRIFT_${_camera_thrift_kind}_LIBRARY)
+        if(CameraThrift_TARGET OR NOT CAMERA_THRIFT_${_camera_thrift_kind}_LIBRARY)
           continue()
         endif()
         set(_camera_thrift_candidate camera_thrift_${_camera_thrift_kind})
@@ -101,7 +101,7 @@ if(CAMERA_BOOST_INCLUDE_DIR)
           INTERFACE_LINK_LIBRARIES pthread)
         _camera_thrift_suits(${_camera_thrift_candidate} _camera_thrift_suitable)
         if(_camera_thrift_suitable)
-          set(_camera_thrift_target ${_camera_thrift_candidate})
+          set(CameraThrift_TARGET ${_camera_thrift_candidate})
           set(CameraThrift_VERSION ${CAMERA_THRIFT_PC_VERSION})
         else()
           list(APPEND _camera_thrift_rejected
@@ -128,12 +128,12 @@ string(CONCAT _camera_thrift_reason ${_camera_thrift_reason})
 
 include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(CameraThrift
-  REQUIRED_VARS _camera_thrift_target CAMERA_BOOST_INCLUDE_DIR
+  REQUIRED_VARS CameraThrift_TARGET CAMERA_BOOST_INCLUDE_DIR
   VERSION_VAR CameraThrift_VERSION
   REASON_FAILURE_MESSAGE "${_camera_thrift_reason}")
 
 if(CameraThrift_FOUND AND NOT TARGET camera::thrift)
-  get_target_property(CAMERA_THRIFT_LOCATION ${_camera_thrift_target} LOCATION)
+  get_target_property(CAMERA_THRIFT_LOCATION ${CameraThrift_TARGET} LOCATION)
   set(CAMERA_THRIFT_SHARED OFF)
   if(CAMERA_THRIFT_LOCATION MATCHES "\\.so(\\.[0-9.]+)?$")
     set(CAMERA_THRIFT_SHARED ON)
@@ -143,7 +143,7 @@ if(CameraThrift_FOUND AND NOT TARGET camera::thrift)
   add_library(camera::thrift INTERFACE IMPORTED)
   # An imported target's directories are searched as system ones, without our warnings.
   set_target_properties(camera::thrift PROPERTIES
-    INTERFACE_LINK_LIBRARIES ${_camera_thrift_target}
+    INTERFACE_LINK_LIBRARIES ${CameraThrift_TARGET}
     INTERFACE_INCLUDE_DIRECTORIES "${CAMERA_BOOST_INCLUDE_DIR}")
 endif()
 
