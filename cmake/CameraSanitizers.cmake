@@ -9,11 +9,6 @@ if(CAMERA_SANITIZERS)
     # A float that does not fit its integer is undefined too, yet not in the group. A division of
     # floats by zero is defined by IEC 60559 and meant in some formulas, so it stays unchecked.
     list(APPEND _camera_sanitizer_flags -fsanitize=float-cast-overflow)
-    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-      # These two compare the addresses of type descriptions. The module keeps its own to itself, so a
-      # correct call from a host through an interface would be reported.
-      list(APPEND _camera_sanitizer_flags -fno-sanitize=function,vptr)
-    endif()
   endif()
   add_compile_options(${_camera_sanitizer_flags} -fno-omit-frame-pointer)
   add_link_options(${_camera_sanitizer_flags})
