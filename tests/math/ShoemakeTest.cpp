@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+#include "Matrices.h"
+#include "Near.h"
+#include "Quaternions.h"
+
+namespace qel::api::camera::test {
+namespace {
+
+using math::Mat3;
+using math::mat3FromQuaternion;
+using math::mat3ToQuaternion;
+using math::Mat4;
+using math::Quat;
+using math::Vec3;
+
+/// Which quaternion component the square root gives, seen from outside: the off-diagonal elements are chosen so that
+/// each branch gives another set of components.
+Mat3 withDiagonal(double a, double b, double c) {
+    // M(2,1) - M(1,2) = 2, M(0,2) - M(2,0) = 4, M(1,0) - M(0,1) = 6;
+    // M(1,0) + M(0,1) = 10, M(2,0) + M(0,2) = 12, M(2,1) + M(1,2) = 14.
+    return rows3({{{a, 2, 8}, {8, b, 6}, {4, 8, c}}});
+}
+
+TEST(MatrixToQuaternion, OfTheIdentityIsTheIdentity) { EXPECT_EQ(mat3ToQuaternion(Mat3{}), Quat{}); }
+
+TEST(MatrixToQuaternion, TakesTheScalarFromAPositiveTrace) {
+    // trace 3: r = 2, s = 1/4.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(1, 1, 1)), (Quat{0.5, 1.0, 1.5, 1.0}));
+}
+
+TEST(MatrixToQuaternion, TakesTheScalarFromTheSmallestPositiveTrace) {
+    // trace 5e-324 rounds away beside 1: r = 1, s = 1/2.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(5e-324, 0, 0)), (Quat{1, 2, 3, 0.5}));
+}
+
+TEST(MatrixToQuaternion, DoesNotTakeTheScalarFromATraceOfZero) {
+    // i = 0: r = sqrt(0 - (0 + 0) + 1) = 1, x = 1/2, y = 10/2, z = 12/2, w = 2/2.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, 0, 0)), (Quat{0.5, 5, 6, 1}));
+}
+
+TEST(MatrixToQuaternion, TakesXWhereTheFirstDiagonalElementIsLargest) {
+    // r = sqrt(1 - (-1 - 1) + 1) = 2, s = 1/4.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(1, -1, -1)), (Quat{1, 2.5, 3, 0.5}));
+}
+
+TEST(MatrixToQuaternion, TakesYWhereTheSecondDiagonalElementIsLargest) {
+    // j = 2, k = 0: w from M(0,2) - M(2,0) = 4, z from 14, x from 10.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(-1, 1, -1)), (Quat{2.5, 1, 3.5, 1}));
+}
+
+TEST(MatrixToQuaternion, TakesZWhereTheThirdDiagonalElementIsLargest) {
+    // j = 0, k = 1: w from M(1,0) - M(0,1) = 6, x from 12, y from 14.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(-1, -1, 1)), (Quat{3, 3.5, 1, 1.5}));
+}
+
+TEST(MatrixToQuaternion, TakesZWhereOnlyTheSecondIsAboveTheFirstButTheThirdAboveBoth) {
+    // r = sqrt(0 - (-3 - 2) + 1), not whole: looked at through z = r/2 being the one with the root.
+    const Quat q = mat3ToQuaternion(withDiagonal(-3, -2, 0));
+    EXPECT_EQ(q.z, std::sqrt(6.0) / 2.0);
+}
+
+TEST(MatrixToQuaternion, PrefersXInATieWithY) {
+    // r = sqrt(0 - (0 - 3) + 1) = 2.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, 0, -3)), (Quat{1, 2.5, 3, 0.5}));
+}
+
+TEST(MatrixToQuaternion, PrefersXInATieWithZ) {
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, -3, 0)), (Quat{1, 2.5, 3, 0.5}));
+}
+
+TEST(MatrixToQuaternion, PrefersYInATieWithZ) {
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(-3, 0, 0)), (Quat{2.5, 1, 3.5, 1}));
+}
+
+TEST(MatrixToQuaternion, OfAHalfTurnAboutAnAxisIsThatAxis) {
+    EXPECT_EQ(mat3ToQuaternion(rows3({{{1, 0, 0}, {0, -1, 0}, {0, 0, -1}}})), (Quat{1, 0, 0, 0}));
+    EXPECT_EQ(mat3ToQuaternion(rows3({{{-1, 0, 0}, {0, 1, 0}, {0, 0, -1}}})), (Quat{0, 1, 0, 0}));
+    EXPECT_EQ(mat3ToQuaternion(rows3({{{-1, 0, 0}, {0, -1, 0}, {0, 0, 1}}})), (Quat{0, 0, 1, 0}));
+}
+
+TEST(MatrixToQuaternion, OfTheZeroMatrixIsFinite) {
+    EXPECT_EQ(mat3ToQuaternion(rows3({{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}}})), (Quat{0.5, 0, 0, 0}));
+}
+
+// The trace is not positive where the branch is taken, so what the root is drawn of is at least 1.
+TEST(MatrixToQuaternion, IsFiniteForAnyFiniteMatrix) {
+    Random random(31);
+    for (int n = 0; n < 10000; ++n) {
+        const double size = random.magnitude(1e-3, 1e3);
+        const Vec3 a = random.vector(size);
+        const Vec3 b = random.vector(size);
+        const Vec3 c = random.vector(size);
+        const Quat q = mat3ToQuaternion(rows3({{{a.x, a.y, a.z}, {b.x, b.y, b.z}, {c.x, c.y, c.z}}}));
+        ASSERT_TRUE(std::isfinite(length(q))) << ::testing::PrintToString(q);
+    }
+}
+
+TEST(MatrixToQuaternion, TakesTheSecondBranchForATraceOfNaN) {
+    // i = 0 as no comparison with NaN holds; the root is NaN and so are all four.
+    const Quat q = mat3ToQuaternion(withDiagonal(nan, 1, 1));
+    EXPECT_TRUE(isNaN({q.x, q.y, q.z}));
+    EXPECT_TRUE(std::isnan(q.w));
+}
+
+TEST(MatrixToQuaternion, GivesTheQuaternionOfARotationBackUpToItsSign) {
+    Random random(32);
+    std::array<int, 4> seen{};
+    for (int n = 0; n < 2000; ++n) {
+        const Quat q = math::quaternionOfHalfAngle(random.direction(), random.between(0.0, pi));
+        const std::array<double, 4> squares{q.x * q.x, q.y * q.y, q.z * q.z, q.w * q.w};
+        for (std::size_t c = 0; c < 4; ++c) {
+            seen[c] += squares[c] > 0.5 ? 1 : 0;
+        }
+        const Quat back = mat3ToQuaternion(mat3FromQuaternion(q));
+        const double sign = q.x * back.x + q.y * back.y + q.z * back.z + q.w * back.w < 0.0 ? -1.0 : 1.0;
+        EXPECT_TRUE(near(back, Quat{sign * q.x, sign * q.y, sign * q.z, sign * q.w}, 8 * epsilon));
+    }
+    for (const int count : seen) {
+        EXPECT_GT(count, 100) << "every component must have been the largest often";
+    }
+}
+
+TEST(MatrixToQuaternion, ReadsTheUpperLeftOfALargerMatrix) {
+    const Mat4 m = rows4({{{-1, 2, 8, 77}, {8, 1, 6, 78}, {4, 8, -1, 79}, {80, 81, 82, 83}}});
+    EXPECT_EQ(math::mat4ToQuaternion(m), mat3ToQuaternion(withDiagonal(-1, 1, -1)));
+}
+
+} // namespace
+} // namespace qel::api::camera::test

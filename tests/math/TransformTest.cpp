@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "Matrices.h"
+#include "Near.h"
+#include "Pipeline.h"
+
+namespace qel::api::camera::test {
+namespace {
+
+using math::Mat4;
+using math::transformPoint;
+using math::transformVector;
+using math::Vec3;
+
+/// Doubles coordinates and moves them by (10, 20, 30); the last row gives w.
+Mat4 withLastRow(double x, double y, double z, double w) {
+    return rows4({{{2, 0, 0, 10}, {0, 2, 0, 20}, {0, 0, 2, 30}, {x, y, z, w}}});
+}
+
+TEST(TransformPoint, AddsTheTranslation) {
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 1), {1, 2, 3}), (Vec3{12, 24, 36}));
+}
+
+TEST(TransformPoint, DividesByW) {
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 0.5), {1, 2, 3}), (Vec3{24, 48, 72}));
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, -4), {1, 2, 3}), (Vec3{-3, -6, -9}));
+}
+
+TEST(TransformPoint, DoesNotDivideByExactlyTheTolerance) {
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 1e-4), {1, 2, 3}), (Vec3{12, 24, 36}));
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, -1e-4), {1, 2, 3}), (Vec3{12, 24, 36}));
+}
+
+TEST(TransformPoint, DividesByTheFirstNumberAboveTheTolerance) {
+    const double w = justAbove(1e-4);
+    EXPECT_TRUE(near(transformPoint(withLastRow(0, 0, 0, w), {1, 2, 3}), Vec3{12 / w, 24 / w, 36 / w}, 1e-9));
+}
+
+TEST(TransformPoint, DoesNotDivideByZero) {
+    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 0), {1, 2, 3}), (Vec3{12, 24, 36}));
+}
+
+TEST(TransformPoint, DividesByNaN) { EXPECT_TRUE(isNaN(transformPoint(withLastRow(0, 0, 0, nan), {1, 2, 3}))); }
+
+// 49 times the rounded reciprocal of 49 is famous for not being 1.
+TEST(TransformPoint, MultipliesByTheReciprocal) {
+    const Mat4 m = rows4({{{49, 0, 0, 0}, {0, 49, 0, 0}, {0, 0, 49, 0}, {0, 0, 0, 49}}});
+    EXPECT_EQ(transformPoint(m, {1, 0, 0}).x, justBelow(1.0));
+}
+
+TEST(TransformPoint, TakesTheCentreOfTheNearPlaneToMinusOne) {
+    const Vec3 p = transformPoint(math::makeFrustum({-1, 1, -1, 1, 1, 3}), {0, 0, -1});
+    EXPECT_EQ(p, (Vec3{0, 0, -1}));
+}
+
+TEST(TransformPoint, TakesTheCentreOfTheFarPlaneToOne) {
+    EXPECT_TRUE(near(transformPoint(math::makeFrustum({-1, 1, -1, 1, 1, 3}), {0, 0, -3}), {0, 0, 1}, 4 * epsilon));
+}
+
+TEST(TransformVector, IgnoresTheTranslation) {
+    EXPECT_EQ(transformVector(withLastRow(0, 0, 0, 1), {1, 2, 3}), (Vec3{2, 4, 6}));
+}
+
+TEST(TransformVector, DividesByWWhereTheLastRowMakesOne) {
+    EXPECT_EQ(transformVector(withLastRow(0.5, 0, 0, 1), {1, 2, 3}), (Vec3{4, 8, 12}));
+}
+
+TEST(TransformVector, DoesNotDivideByATraceOfW) {
+    EXPECT_EQ(transformVector(withLastRow(0.00005, 0, 0, 1), {1, 2, 3}), (Vec3{2, 4, 6}));
+    EXPECT_EQ(transformVector(withLastRow(1e-4, 0, 0, 1), {1, 2, 3}), (Vec3{2, 4, 6}));
+}
+
+TEST(TransformVector, ShowsANonFiniteHomogeneousScale) {
+    EXPECT_TRUE(isNaN(transformVector(withLastRow(0, 0, 0, infinity), {1, 2, 3})));
+    EXPECT_TRUE(isNaN(transformVector(withLastRow(0, 0, 0, nan), {1, 2, 3})));
+}
+
+TEST(TransformVector, ShowsANonFiniteTranslationInItsRow) {
+    Mat4 m = withLastRow(0, 0, 0, 1);
+    m(1, 3) = infinity;
+    const Vec3 v = transformVector(m, {1, 2, 3});
+    EXPECT_EQ(v.x, 2.0);
+    EXPECT_TRUE(std::isnan(v.y));
+    EXPECT_EQ(v.z, 6.0);
+}
+
+} // namespace
+} // namespace qel::api::camera::test
