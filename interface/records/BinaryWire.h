@@ -105,7 +105,12 @@ public:
     void finish() { mSource.settle(); }
 
 private:
-    TType readType() { return static_cast<TType>(static_cast<std::int8_t>(*mSource.take(1))); }
+    /// A byte may say anything, an enumeration without a fixed type only what fits its bits. What does not becomes a
+    /// type that nobody knows, which is refused where the value would be read.
+    TType readType() {
+        constexpr std::uint8_t unknown = 31;
+        return static_cast<TType>(std::min(*mSource.take(1), unknown));
+    }
 
     std::uint32_t readSize(std::int32_t limit) {
         std::int32_t size = 0;

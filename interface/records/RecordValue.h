@@ -8,12 +8,6 @@
 
 namespace qel::api::records {
 
-/// Calls visit(field) for each field of the record's table, in order.
-template <class Record, class Visitor>
-constexpr void forEachField(Visitor&& visit) {
-    std::apply([&](const auto&... field) { (visit(field), ...); }, FieldTable<Record>::fields);
-}
-
 template <class Record, class FieldType>
 bool equalField(const Record& a, const Record& b, const FieldType& field) {
     if (field.form == Form::optional) {

@@ -73,6 +73,7 @@ bool readIfNamed(Reader& reader, Record& record, FieldHeader header, const Field
 
 template <class Reader, class Record>
 void readFields(Reader& reader, Record& record) {
+    static_assert(fieldIdsAreSound<Record>());
     const InputDepth depth(reader.protocol());
     const auto outer = reader.beginStruct();
     for (FieldHeader header = reader.beginField(); header.type != ::apache::thrift::protocol::T_STOP;

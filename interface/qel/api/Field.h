@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <tuple>
 
 namespace qel::api {
 
@@ -34,12 +35,31 @@ struct Field {
 template <class Record>
 struct FieldTable;
 
+/// Calls visit(field) for each entry of the record's field table, in order.
+template <class Record, class Visitor>
+constexpr void forEachField(Visitor&& visit) {
+    std::apply([&](const auto&... field) { (visit(field), ...); }, FieldTable<Record>::fields);
+}
+
+/// Whether the ids of a table start at 1 and ascend, and so are unique. Every step is less than 16, which is what one
+/// byte of the Compact protocol holds.
+template <class Record>
+constexpr bool fieldIdsAreSound() {
+    bool sound = true;
+    int last = 0;
+    forEachField<Record>([&](const auto& field) {
+        sound = sound && (last == 0 ? field.id == 1 : field.id > last && field.id - last < 16);
+        last = field.id;
+    });
+    return sound && last > 0;
+}
+
 } // namespace qel::api
 
 /// An entry of a field table; spelled once here because a bit-field's name must be repeated for each use of it.
-#define QEL_API_FIELD(ID, RECORD, MEMBER, FORM)                                                                     \
-    ::qel::api::Field<RECORD, decltype(RECORD::MEMBER)> {                                                           \
-        ID, #MEMBER, &RECORD::MEMBER, ::qel::api::Form::FORM,                                                       \
-            [](const RECORD& record) -> bool { return record.__isset.MEMBER; },                                     \
-            [](RECORD& record, bool set) { record.__isset.MEMBER = set; }                                           \
+#define QEL_API_FIELD(ID, RECORD, MEMBER, FORM)                                 \
+    ::qel::api::Field<RECORD, decltype(RECORD::MEMBER)> {                       \
+        ID, #MEMBER, &RECORD::MEMBER, ::qel::api::Form::FORM,                   \
+            [](const RECORD& record) -> bool { return record.__isset.MEMBER; }, \
+            [](RECORD& record, bool set) { record.__isset.MEMBER = set; }       \
     }

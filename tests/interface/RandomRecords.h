@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include <qel/api/Field.h>
+
+namespace qel::api {
+
+/// Records with random contents: numbers of every magnitude with signed zeros, infinities and denormals among them,
+/// texts and images with zero bytes, lists of any length from empty, ragged matrices, flags up or down. The same seed
+/// gives the same records to every class that has the same field table.
+class RandomRecords {
+public:
+    explicit RandomRecords(std::uint64_t seed) : mRandom(seed) {}
+
+    template <class Record>
+    Record make() {
+        Record record;
+        fill(record);
+        return record;
+    }
+
+    /// NaN breaks comparing by ==, so it is left out unless asked for.
+    void allowNaN() { mNaN = true; }
+
+    void fill(double& value) {
+        const double special[] = {0.0,
+                                  -0.0,
+                                  1.0,
+                                  -1.0,
+                                  0.1,
+                                  2.5,
+                                  1e20,
+                                  1e-5,
+                                  123456789.0,
+                                  std::numeric_limits<double>::infinity(),
+                                  -std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::denorm_min(),
+                                  std::numeric_limits<double>::min(),
+                                  std::numeric_limits<double>::max(),
+                                  std::numeric_limits<double>::lowest(),
+                                  std::numeric_limits<double>::epsilon()};
+        switch (below(mNaN ? 4 : 3)) {
+        case 0: value = special[below(std::size(special))]; break;
+        case 1: value = std::uniform_real_distribution<double>(-1000.0, 1000.0)(mRandom); break;
+        case 2: do { value = std::bit_cast<double>(mRandom());
+            } while (std::isnan(value));
+            break;
+        default: value = std::numeric_limits<double>::quiet_NaN(); break;
+        }
+    }
+
+    void fill(std::int32_t& value) {
+        const std::int32_t special[] = {0,
+                                        1,
+                                        -1,
+                                        4,
+                                        63,
+                                        64,
+                                        -64,
+                                        -65,
+                                        std::numeric_limits<std::int32_t>::max(),
+                                        std::numeric_limits<std::int32_t>::min()};
+        value = below(2) == 0 ? special[below(std::size(special))] : static_cast<std::int32_t>(mRandom());
+    }
+
+    void fill(std::string& value) {
+        value.resize(below(8) == 0 ? below(5000) : below(20));
+        for (char& c : value) {
+            c = static_cast<char>(below(256));
+        }
+    }
+
+    /// Only the values that have a name: Thrift's generated enumerations cannot hold others.
+    template <class Value>
+    requires std::is_enum_v<Value>
+    void fill(Value& value) { value = static_cast<Value>(below(2)); }
+
+    template <class Element>
+    void fill(std::vector<Element>& list) {
+        list.resize(below(10) == 0 ? below(40) : below(5));
+        for (Element& element : list) {
+            fill(element);
+        }
+    }
+
+    template <class Record>
+    requires std::is_class_v<Record>
+    void fill(Record& record) {
+        std::apply(
+            [&](const auto&... field) { ((fill(record.*field.member), field.markSet(record, below(2) == 0)), ...); },
+            FieldTable<Record>::fields);
+    }
+
+    /// Makes the value another one.
+    template <class Value>
+    void change(Value& value) {
+        const Value before = value;
+        while (value == before) {
+            fill(value);
+        }
+    }
+
+    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(mRandom() % limit); }
+
+private:
+    std::mt19937_64 mRandom;
+    bool mNaN = false;
+};
+
+inline bool identical(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
+inline bool identical(const std::string& a, const std::string& b) { return a == b; }
+template <class Value>
+requires std::is_integral_v<Value> || std::is_enum_v<Value>
+bool identical(Value a, Value b) { return a == b; }
+template <class Record>
+requires std::is_class_v<Record>
+bool identical(const Record& a, const Record& b);
+
+template <class Element>
+bool identical(const std::vector<Element>& a, const std::vector<Element>& b) {
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (!identical(a[i], b[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The same to the bit in every field, values under lowered flags included, and the same flags.
+template <class Record>
+requires std::is_class_v<Record>
+bool identical(const Record& a, const Record& b) {
+    return std::apply(
+        [&](const auto&... field) {
+            return ((identical(a.*field.member, b.*field.member) && field.isSet(a) == field.isSet(b)) && ...);
+        },
+        FieldTable<Record>::fields);
+}
+
+} // namespace qel::api
