@@ -38,9 +38,9 @@ public:
     void viewTranslateInViewSpace(ViewStateResult& _return, const ViewState& state, const Vector& offset) override;
     void viewTranslateInWorldSpace(ViewStateResult& _return, const ViewState& state, const Vector& offset) override;
     void viewRotateAboutWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& pivot,
-                                  const Vector& axis, double angle, double secondAngle) override;
+                                  const Vector& axis, double angle, double tilt) override;
     void viewRotateAboutViewAxes(ViewStateResult& _return, const ViewState& state, const Vector& pivot, double angle,
-                                 double secondAngle) override;
+                                 double tilt) override;
     void viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
                                               const Vector& vector) override;
     void viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state,
@@ -50,9 +50,10 @@ public:
     void viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state,
                                             const Vector& point) override;
     void projectionCreateDefault(ProjectionStateResult& _return) override;
-    void projectionCreate(ProjectionStateResult& _return, const Frustum& frustum, ProjectionType::type type) override;
+    void projectionCreate(ProjectionStateResult& _return, const Frustum& frustum,
+                          ProjectionType::type projectionType) override;
     void projectionSetFrustum(ProjectionStateResult& _return, const ProjectionState& state, const Frustum& frustum,
-                              ProjectionType::type type) override;
+                              ProjectionType::type projectionType) override;
     void projectionSetHFoV(ProjectionStateResult& _return, const ProjectionState& state, double horizontalFoV) override;
     void projectionGetHFoV(DoubleResult& _return, const ProjectionState& state) override;
     void projectionSetVFoV(ProjectionStateResult& _return, const ProjectionState& state, double verticalFoV) override;
@@ -69,7 +70,7 @@ public:
     void projectionUpdateOrthographic(ProjectionStateResult& _return, const ProjectionState& state, double width,
                                       double height, double nearDist, double farDist) override;
     void projectionSetProjectionMatrix(ProjectionStateResult& _return, const ProjectionState& state,
-                                       const Matrix& matrix, ProjectionType::type type) override;
+                                       const Matrix& matrix, ProjectionType::type projectionType) override;
     void projectionZoom(ProjectionStateResult& _return, const ProjectionState& state, double factor) override;
     void surfaceCreateDefault(SurfaceStateResult& _return) override;
     void surfaceCreate(SurfaceStateResult& _return, double x, double y, double width, double height, double depthMin,
@@ -94,7 +95,7 @@ public:
     void planarCameraUpdateWindowSize(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                       std::int32_t width, std::int32_t height) override;
     void planarCameraUpdateClippingPlanes(PlanarCameraStateResult& _return, const PlanarCameraState& state,
-                                          const Vector& centre, double radius, double minimumNear) override;
+                                          const Vector& centre, double radius, double minimumNearDist) override;
     void planarCameraFitWorldSpaceBoundingBox(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                               double x1, double y1, double z1, double x2, double y2,
                                               double z2) override;
@@ -106,10 +107,9 @@ public:
     void planarCameraSetViewAlongWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                            const Vector& target, const Vector& axis, const Vector& up) override;
     void planarCameraRotateAboutViewAxes(PlanarCameraStateResult& _return, const PlanarCameraState& state,
-                                         const Vector& pivot, double angle, double secondAngle) override;
+                                         const Vector& pivot, double angle, double tilt) override;
     void planarCameraRotateAboutWorldAxis(PlanarCameraStateResult& _return, const PlanarCameraState& state,
-                                          const Vector& pivot, const Vector& axis, double angle,
-                                          double secondAngle) override;
+                                          const Vector& pivot, const Vector& axis, double angle, double tilt) override;
     void planarCameraTranslateInWorldSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                            const Vector& offset) override;
     void planarCameraTranslateInViewSpace(PlanarCameraStateResult& _return, const PlanarCameraState& state,
@@ -128,7 +128,7 @@ public:
     void planarCameraPanWithAnchor(PlanarCameraStateResult& _return, const PlanarCameraState& state, std::int32_t x,
                                    std::int32_t y, double depth, std::int32_t dx, std::int32_t dy) override;
     void planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state,
-                                     const Vector& centre, std::int32_t x1, std::int32_t y1, std::int32_t x2,
+                                     const Vector& pivot, std::int32_t x1, std::int32_t y1, std::int32_t x2,
                                      std::int32_t y2) override;
     void utilsMakePerspectiveMatrix(MatrixResult& _return, const Frustum& frustum) override;
     void utilsMakeOrthographicMatrix(MatrixResult& _return, const Frustum& frustum) override;

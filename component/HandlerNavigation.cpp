@@ -12,18 +12,16 @@ using impl::ScreenPoint;
 
 void CameraLibraryHandler::planarCameraRotateAboutViewAxes(PlanarCameraStateResult& _return,
                                                            const PlanarCameraState& state, const Vector& pivot,
-                                                           const double angle, const double secondAngle) {
-    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
-        camera.view().rotateAboutViewAxes(toVec3(pivot, "pivot"), angle, secondAngle);
-    });
+                                                           const double angle, const double tilt) {
+    change(_return, Failure::ofCall(__func__), state,
+           [&](PlanarCamera& camera) { camera.view().rotateAboutViewAxes(toVec3(pivot, "pivot"), angle, tilt); });
 }
 
 void CameraLibraryHandler::planarCameraRotateAboutWorldAxis(PlanarCameraStateResult& _return,
                                                             const PlanarCameraState& state, const Vector& pivot,
-                                                            const Vector& axis, const double angle,
-                                                            const double secondAngle) {
+                                                            const Vector& axis, const double angle, const double tilt) {
     change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
-        camera.view().rotateAboutWorldAxis(toVec3(pivot, "pivot"), toVec3(axis, "axis"), angle, secondAngle);
+        camera.view().rotateAboutWorldAxis(toVec3(pivot, "pivot"), toVec3(axis, "axis"), angle, tilt);
     });
 }
 
@@ -93,11 +91,11 @@ void CameraLibraryHandler::planarCameraPanWithAnchor(PlanarCameraStateResult& _r
 }
 
 void CameraLibraryHandler::planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state,
-                                                       const Vector& centre, const std::int32_t x1,
+                                                       const Vector& pivot, const std::int32_t x1,
                                                        const std::int32_t y1, const std::int32_t x2,
                                                        const std::int32_t y2) {
     change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
-        camera.arcballRotation(toVec3(centre, "centre"), {toPixels(x1), toPixels(y1)}, {toPixels(x2), toPixels(y2)});
+        camera.arcballRotation(toVec3(pivot, "pivot"), {toPixels(x1), toPixels(y1)}, {toPixels(x2), toPixels(y2)});
     });
 }
 

@@ -45,9 +45,10 @@ void CameraLibraryHandler::planarCameraUpdateWindowSize(PlanarCameraStateResult&
 
 void CameraLibraryHandler::planarCameraUpdateClippingPlanes(PlanarCameraStateResult& _return,
                                                             const PlanarCameraState& state, const Vector& centre,
-                                                            const double radius, const double minimumNear) {
-    change(_return, Failure::ofCall(__func__), state,
-           [&](PlanarCamera& camera) { camera.updateClippingPlanes(toVec3(centre, "centre"), radius, minimumNear); });
+                                                            const double radius, const double minimumNearDist) {
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+        camera.updateClippingPlanes(toVec3(centre, "centre"), radius, minimumNearDist);
+    });
 }
 
 void CameraLibraryHandler::planarCameraFitWorldSpaceBoundingBox(PlanarCameraStateResult& _return,

@@ -29,18 +29,18 @@ void CameraLibraryHandler::projectionCreateDefault(ProjectionStateResult& _retur
 }
 
 void CameraLibraryHandler::projectionCreate(ProjectionStateResult& _return, const Frustum& frustum,
-                                            const ProjectionType::type type) {
+                                            const ProjectionType::type projectionType) {
     answer(_return, Failure::withText("Unable to create Projection object."), [&] {
         Projection projection;
-        projection.setFrustum(toFrustum(frustum), isOrthographic(type));
+        projection.setFrustum(toFrustum(frustum), isOrthographic(projectionType));
         return projection;
     });
 }
 
 void CameraLibraryHandler::projectionSetFrustum(ProjectionStateResult& _return, const ProjectionState& state,
-                                                const Frustum& frustum, const ProjectionType::type type) {
+                                                const Frustum& frustum, const ProjectionType::type projectionType) {
     change(_return, Failure::ofCall(__func__), state,
-           [&](Projection& projection) { projection.setFrustum(toFrustum(frustum), isOrthographic(type)); });
+           [&](Projection& projection) { projection.setFrustum(toFrustum(frustum), isOrthographic(projectionType)); });
 }
 
 void CameraLibraryHandler::projectionSetHFoV(ProjectionStateResult& _return, const ProjectionState& state,
@@ -107,9 +107,10 @@ void CameraLibraryHandler::projectionUpdateOrthographic(ProjectionStateResult& _
 }
 
 void CameraLibraryHandler::projectionSetProjectionMatrix(ProjectionStateResult& _return, const ProjectionState& state,
-                                                         const Matrix& matrix, const ProjectionType::type type) {
+                                                         const Matrix& matrix,
+                                                         const ProjectionType::type projectionType) {
     change(_return, Failure::ofCall(__func__), state, [&](Projection& projection) {
-        projection.setProjectionMatrix(toMat4(matrix, "matrix"), isOrthographic(type));
+        projection.setProjectionMatrix(toMat4(matrix, "matrix"), isOrthographic(projectionType));
     });
 }
 

@@ -84,16 +84,15 @@ void CameraLibraryHandler::viewTranslateInWorldSpace(ViewStateResult& _return, c
 
 void CameraLibraryHandler::viewRotateAboutWorldAxis(ViewStateResult& _return, const ViewState& state,
                                                     const Vector& pivot, const Vector& axis, const double angle,
-                                                    const double secondAngle) {
-    change(_return, Failure::ofCall(__func__), state, [&](View& view) {
-        view.rotateAboutWorldAxis(toVec3(pivot, "pivot"), toVec3(axis, "axis"), angle, secondAngle);
-    });
+                                                    const double tilt) {
+    change(_return, Failure::ofCall(__func__), state,
+           [&](View& view) { view.rotateAboutWorldAxis(toVec3(pivot, "pivot"), toVec3(axis, "axis"), angle, tilt); });
 }
 
 void CameraLibraryHandler::viewRotateAboutViewAxes(ViewStateResult& _return, const ViewState& state,
-                                                   const Vector& pivot, const double angle, const double secondAngle) {
+                                                   const Vector& pivot, const double angle, const double tilt) {
     change(_return, Failure::ofCall(__func__), state,
-           [&](View& view) { view.rotateAboutViewAxes(toVec3(pivot, "pivot"), angle, secondAngle); });
+           [&](View& view) { view.rotateAboutViewAxes(toVec3(pivot, "pivot"), angle, tilt); });
 }
 
 void CameraLibraryHandler::viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
