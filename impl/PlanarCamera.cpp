@@ -22,8 +22,8 @@ void PlanarCamera::updateWindowSize(const std::uint32_t width, const std::uint32
     mSurface.setResolutionY(height);
 }
 
-void PlanarCamera::updateClippingPlanes(const math::Vec3& centre, const double radius, const double minimumNear) {
-    if (radius <= math::tolerance || minimumNear <= math::tolerance) {
+void PlanarCamera::updateClippingPlanes(const math::Vec3& centre, const double radius, const double minimumNearDist) {
+    if (radius <= math::tolerance || minimumNearDist <= math::tolerance) {
         return;
     }
     const double z = mView.worldToViewPoint(centre).z;
@@ -32,8 +32,8 @@ void PlanarCamera::updateClippingPlanes(const math::Vec3& centre, const double r
     }
     math::Frustum frustum = mProjection.frustum();
     double nearDist = -(z + radius) * 0.95;
-    if (!(nearDist > minimumNear)) { // a NaN gives way to the minimum too
-        nearDist = minimumNear;
+    if (!(nearDist > minimumNearDist)) { // a NaN gives way to the minimum too
+        nearDist = minimumNearDist;
     }
     if (!mProjection.isOrthographic()) {
         const double scale = nearDist / frustum.nearDist;

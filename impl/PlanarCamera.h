@@ -53,9 +53,9 @@ public:
     /// more of the scene.
     void updateWindowSize(std::uint32_t width, std::uint32_t height);
 
-    /// Puts near 5 % before and far 5 % behind a sphere in world space, near at least minimumNear. A sphere wholly
+    /// Puts near 5 % before and far 5 % behind a sphere in world space, near at least minimumNearDist. A sphere wholly
     /// behind the eye is ignored.
-    void updateClippingPlanes(const math::Vec3& centre, double radius, double minimumNear);
+    void updateClippingPlanes(const math::Vec3& centre, double radius, double minimumNearDist);
 
     /// Moves the eye sideways and back, and sizes the frustum, so that the box fills the image at its front face
     /// (perspective) or anywhere (orthographic). The distance is that from which the box's diagonal across the view
