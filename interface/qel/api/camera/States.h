@@ -19,8 +19,8 @@ public:
     Matrix mViewMatrix;          ///< world to view
     Vector mEye;                 ///< eye position, world space
     Vector mDirection;           ///< unit vector along which the view looks, world space
-    Quaternion mOrientation;     ///< turns the view's axes from world directions
-    std::string mPrivate;        ///< the complete image of the object, opaque; all that an operation reads of a state
+    Quaternion mOrientation;     ///< the rotation from the world's axes to the view's
+    std::string mPrivate;        ///< the object's complete image, opaque
 
     struct Isset {
         bool mViewTransformMatrix : 1 = false;
@@ -48,10 +48,10 @@ public:
 /// How the scene is projected. A digest for the host, as ViewState is.
 class ProjectionState : public virtual ::apache::thrift::TBase {
 public:
-    Matrix mProjectionMatrix;                                           ///< view space to clip space, OpenGL conventions
+    Matrix mProjectionMatrix; ///< view space to clip space, OpenGL conventions
     ProjectionType::type mProjectionType = ProjectionType::PERSPECTIVE;
     Frustum mFrustum;
-    std::string mPrivate;                                               ///< the complete image of the object, opaque; all that an operation reads of a state
+    std::string mPrivate; ///< the object's complete image, opaque
 
     struct Isset {
         bool mProjectionMatrix : 1 = false;
@@ -78,7 +78,7 @@ public:
     Viewport mViewport;
     double mResolutionX = 0.0; ///< width of the whole surface in pixels, a whole number
     double mResolutionY = 0.0; ///< height of the whole surface in pixels, a whole number
-    std::string mPrivate;      ///< the complete image of the object, opaque; all that an operation reads of a state
+    std::string mPrivate;      ///< the object's complete image, opaque
 
     struct Isset {
         bool mViewport : 1 = false;
@@ -106,7 +106,7 @@ public:
     ViewState mViewState;
     ProjectionState mProjectionState;
     SurfaceState mSurfaceState;
-    std::string mPrivate;             ///< the complete image of the object, opaque; all that an operation reads of a state
+    std::string mPrivate; ///< the object's complete image, opaque
 
     struct Isset {
         bool mViewState : 1 = false;

@@ -89,8 +89,9 @@ public:
     virtual void printTo(std::ostream& out) const;
 };
 
-/// The planes of a projection, in units of view space. The four sides are distances from the viewing axis; for a
-/// perspective projection they lie on the near plane.
+/// The planes of a projection, in units of view space. The four sides are view-space coordinates; for a perspective
+/// projection they lie on the near plane. The frustum that projectionSetProjectionMatrix leaves keeps none of the
+/// ranges below.
 class Frustum : public virtual ::apache::thrift::TBase {
 public:
     double mLeft = 0.0;     ///< left plane, less than mRight
