@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "CameraTesting.h"
+#include "Pipeline.h"
+#include "Projection.h"
+
+namespace qel::api::camera::test {
+namespace {
+
+using impl::Projection;
+using math::Frustum;
+using math::Mat4;
+
+const Frustum offCentre{-1, 3, -2, 6, 2, 10};
+
+Projection made(const Frustum& frustum, bool orthographic) {
+    Projection projection;
+    projection.setFrustum(frustum, orthographic);
+    return projection;
+}
+
+constexpr bool bothTypes[] = {false, true};
+
+TEST(SetAspectRatio, LeavesAFrustumThatHasItAlone) {
+    for (const bool orthographic : bothTypes) {
+        Projection projection = made({-4, 4, -1, 3, 1, 9}, orthographic);
+        projection.setAspectRatio(2.0);
+        EXPECT_TRUE(same(projection, made({-4, 4, -1, 3, 1, 9}, orthographic)));
+    }
+}
+
+TEST(SetAspectRatio, ScalesBottomAndTopAboutZeroNotAboutTheirCentre) {
+    for (const bool orthographic : bothTypes) {
+        Projection projection = made({-4, 4, -1, 3, 1, 9}, orthographic);
+        projection.setAspectRatio(1.0);
+        EXPECT_TRUE(same(projection, made({-4, 4, -2, 6, 1, 9}, orthographic)));
+    }
+}
+
+TEST(SetAspectRatio, RejectsRatiosUpToTheTolerance) {
+    for (const double ratio : {1e-7, 0.0, -2.0}) {
+        Projection projection = made(offCentre, false);
+        projection.setAspectRatio(ratio);
+        EXPECT_TRUE(same(projection, made(offCentre, false))) << ratio;
+    }
+}
+
+TEST(SetAspectRatio, TakesTheSmallestRatioAboveTheTolerance) {
+    Projection projection = made({-1, 1, -1, 1, 1, 2}, false);
+    projection.setAspectRatio(justAbove(1e-7));
+    EXPECT_NEAR(projection.frustum().top, 1e7, 1e-6);
+}
+
+TEST(SetAspectRatio, TakesNaN) {
+    Projection projection = made(offCentre, false);
+    projection.setAspectRatio(nan);
+    EXPECT_TRUE(std::isnan(projection.frustum().bottom));
+    EXPECT_EQ(projection.frustum().left, -1.0);
+}
+
+TEST(SetNear, KeepsTheAnglesOfAPerspective) {
+    Projection projection = made(offCentre, false);
+    projection.setNear(4.0);
+    EXPECT_TRUE(same(projection, made({-2, 6, -4, 12, 4, 10}, false)));
+}
+
+TEST(SetNear, KeepsTheSidesOfAnOrthographicProjection) {
+    Projection projection = made(offCentre, true);
+    projection.setNear(4.0);
+    EXPECT_TRUE(same(projection, made({-1, 3, -2, 6, 4, 10}, true)));
+}
+
+TEST(SetNear, RejectsDistancesUpToTheTolerance) {
+    for (const double distance : {1e-7, 0.0, -1.0}) {
+        Projection projection = made(offCentre, false);
+        projection.setNear(distance);
+        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+    }
+}
+
+TEST(SetNear, RejectsFarAndWhatIsBeyond) {
+    for (const double distance : {10.0, 11.0, infinity}) {
+        Projection projection = made(offCentre, false);
+        projection.setNear(distance);
+        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+    }
+}
+
+TEST(SetNear, TakesTheBoundsNextNeighbours) {
+    Projection projection = made(offCentre, true);
+    projection.setNear(justAbove(1e-7));
+    EXPECT_EQ(projection.frustum().nearDist, justAbove(1e-7));
+    projection.setNear(justBelow(10.0));
+    EXPECT_EQ(projection.frustum().nearDist, justBelow(10.0));
+}
+
+TEST(SetNear, TakesNaN) {
+    Projection projection = made(offCentre, false);
+    projection.setNear(nan);
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_TRUE(std::isnan(numbers(projection.frustum())[i])) << i;
+    }
+    EXPECT_EQ(projection.frustum().farDist, 10.0);
+    EXPECT_TRUE(std::isnan(projection.matrix()(2, 3)));
+    EXPECT_TRUE(std::isnan(projection.inverse()(0, 0)));
+}
+
+// The ratio of the distances is formed first: 7/3 times 3 is not 7 for every side.
+TEST(SetNear, FormsTheRatioFirst) {
+    Projection projection = made({-0.1, 0.1, -0.1, 0.1, 3, 10}, false);
+    projection.setNear(7.0);
+    EXPECT_EQ(projection.frustum().right, 0.1 * (7.0 / 3.0));
+}
+
+TEST(SetFar, MovesTheFarPlaneAlone) {
+    for (const bool orthographic : bothTypes) {
+        Projection projection = made(offCentre, orthographic);
+        projection.setFar(50.0);
+        EXPECT_TRUE(same(projection, made({-1, 3, -2, 6, 2, 50}, orthographic)));
+    }
+}
+
+TEST(SetFar, RejectsNearAndWhatIsBefore) {
+    for (const double distance : {2.0, 1.0, -5.0}) {
+        Projection projection = made(offCentre, false);
+        projection.setFar(distance);
+        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+    }
+}
+
+TEST(SetFar, TakesTheFirstNumberBeyondNear) {
+    Projection projection = made(offCentre, false);
+    projection.setFar(justAbove(2.0));
+    EXPECT_EQ(projection.frustum().farDist, justAbove(2.0));
+}
+
+TEST(SetFar, TakesNaN) {
+    Projection projection = made(offCentre, false);
+    projection.setFar(nan);
+    EXPECT_TRUE(std::isnan(projection.frustum().farDist));
+    EXPECT_EQ(projection.frustum().right, 3.0);
+}
+
+TEST(Zoom, ByTwoDoublesTheExtentsAboutTheirCentre) {
+    for (const bool orthographic : bothTypes) {
+        Projection projection = made(offCentre, orthographic);
+        projection.zoom(2.0);
+        EXPECT_TRUE(same(projection, made({-3, 5, -6, 10, 2, 10}, orthographic)));
+    }
+}
+
+TEST(Zoom, ByAHalfMagnifies) {
+    Projection projection = made(offCentre, false);
+    projection.zoom(0.5);
+    EXPECT_EQ(projection.frustum(), (Frustum{0, 2, 0, 4, 2, 10}));
+}
+
+TEST(Zoom, ByOneKeepsTheFrustum) {
+    Projection projection = made(offCentre, false);
+    projection.zoom(1.0);
+    EXPECT_TRUE(same(projection, made(offCentre, false)));
+}
+
+TEST(Zoom, ByANegativeFactorChangesNothing) {
+    for (const double factor : {-1.0, -5e-324, -infinity}) {
+        Projection projection = made(offCentre, false);
+        projection.zoom(factor);
+        EXPECT_TRUE(same(projection, made(offCentre, false))) << factor;
+    }
+}
+
+TEST(Zoom, ByZeroChangesNothingAsTheFrustumWouldBeEmpty) {
+    for (const double factor : {0.0, -0.0}) {
+        Projection projection = made(offCentre, false);
+        projection.zoom(factor);
+        EXPECT_TRUE(same(projection, made(offCentre, false)));
+    }
+}
+
+TEST(Zoom, TakesNaN) {
+    Projection projection = made(offCentre, false);
+    projection.zoom(nan);
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_TRUE(std::isnan(numbers(projection.frustum())[i])) << i;
+    }
+    EXPECT_EQ(projection.frustum().nearDist, 2.0);
+}
+
+TEST(SetProjectionMatrix, StoresTheMatrixAndKeepsTheInverse) {
+    const Projection before = made(offCentre, false);
+    const Mat4 matrix = math::makeOrtho({-5, 5, -5, 5, 1, 2});
+    Projection projection = before;
+    projection.setProjectionMatrix(matrix, true);
+    EXPECT_EQ(projection.matrix(), matrix);
+    EXPECT_EQ(projection.inverse(), before.inverse());
+    EXPECT_EQ(projection.type(), 1);
+}
+
+// Required: the frustum is that of the previous projection, near and far with the sign of view space.
+TEST(SetProjectionMatrix, DerivesTheFrustumFromThePreviousPerspective) {
+    Projection projection = made(offCentre, false);
+    projection.setProjectionMatrix(Mat4{}, false);
+    EXPECT_TRUE(near(projection.frustum(), Frustum{-1, 3, -2, 6, -2, -10}, 32 * epsilon));
+    EXPECT_EQ(projection.aspectRatio(), 0.5);
+}
+
+TEST(SetProjectionMatrix, DerivesTheFrustumFromThePreviousOrthographic) {
+    Projection projection = made(offCentre, true);
+    projection.setProjectionMatrix(Mat4{}, false);
+    EXPECT_TRUE(near(projection.frustum(), Frustum{-1, 3, -2, 6, -2, -10}, 32 * epsilon));
+    EXPECT_EQ(projection.type(), 0);
+}
+
+TEST(SetProjectionMatrix, DerivesTheSameFrustumEachTime) {
+    Projection projection = made(offCentre, false);
+    projection.setProjectionMatrix(Mat4{}, false);
+    const Frustum first = projection.frustum();
+    projection.setProjectionMatrix(math::makeOrtho({-5, 5, -5, 5, 1, 2}), true);
+    EXPECT_EQ(projection.frustum(), first);
+}
+
+TEST(SetProjectionMatrix, TakesEachSideFromItsOwnPoint) {
+    // Diagonal 2, 3, 5, moved by 10, 20, 30: x is 2x + 10, y is 3y + 20, z is 5z + 30.
+    const Mat4 inverse = rows4({{{2, 0, 0, 10}, {0, 3, 0, 20}, {0, 0, 5, 30}, {0, 0, 0, 1}}});
+    Projection projection(Mat4{}, inverse, 0, offCentre);
+    projection.setProjectionMatrix(Mat4{}, false);
+    EXPECT_EQ(projection.frustum(), (Frustum{8, 12, 17, 23, 25, 35}));
+}
+
+TEST(SetProjectionMatrix, DoesNotDivideByATraceOfW) {
+    const Mat4 inverse = rows4({{{2, 0, 0, 10}, {0, 3, 0, 20}, {0, 0, 5, 30}, {0, 0, 0, 1e-4}}});
+    Projection projection(Mat4{}, inverse, 0, offCentre);
+    projection.setProjectionMatrix(Mat4{}, false);
+    EXPECT_EQ(projection.frustum(), (Frustum{8, 12, 17, 23, 25, 35}));
+}
+
+// Far distances of 10^4 and more: w there is 1/far, at most the tolerance, and is not divided by.
+TEST(SetProjectionMatrix, DerivesADistantFarPlaneUndivided) {
+    Projection projection = made({-1, 1, -1, 1, 1, 1e6}, false);
+    projection.setProjectionMatrix(Mat4{}, false);
+    EXPECT_EQ(projection.frustum().farDist, -1.0);
+}
+
+TEST(SetProjectionMatrix, TakesNaN) {
+    Mat4 matrix;
+    matrix(0, 0) = nan;
+    Projection projection = made(offCentre, false);
+    projection.setProjectionMatrix(matrix, false);
+    EXPECT_TRUE(std::isnan(projection.matrix()(0, 0)));
+    EXPECT_DOUBLE_EQ(projection.frustum().farDist, -10.0);
+}
+
+TEST(SetProjectionMatrix, IsPutInStepByTheNextFrustum) {
+    Projection projection = made(offCentre, false);
+    projection.setProjectionMatrix(Mat4{}, true);
+    projection.setFrustum(offCentre, false);
+    EXPECT_TRUE(same(projection, made(offCentre, false)));
+}
+
+TEST(SetProjectionMatrix, LeavesNearNegativeSoThatSideChangesAreRejected) {
+    Projection projection = made(offCentre, false);
+    projection.setProjectionMatrix(Mat4{}, false);
+    const Projection before = projection;
+    projection.zoom(2.0);
+    projection.setAspectRatio(3.0);
+    projection.setFoV(1.0, 1.0);
+    projection.setNear(1.0); // not before far, which is negative
+    projection.setFar(100.0);
+    EXPECT_TRUE(same(projection, before));
+}
+
+} // namespace
+} // namespace qel::api::camera::test

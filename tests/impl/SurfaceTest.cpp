@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <type_traits>
+
+#include "CameraTesting.h"
+#include "Pipeline.h"
+#include "Surface.h"
+
+namespace qel::api::camera::test {
+namespace {
+
+using impl::Surface;
+using math::Mat4;
+using math::Viewport;
+
+static_assert(std::has_virtual_destructor_v<Surface>);
+static_assert(std::is_nothrow_move_constructible_v<Surface> && std::is_nothrow_move_assignable_v<Surface>);
+static_assert(std::is_nothrow_copy_constructible_v<Surface> && std::is_nothrow_copy_assignable_v<Surface>);
+static_assert(!std::is_convertible_v<Viewport, Surface> && !std::is_convertible_v<std::uint32_t, Surface>);
+
+const Viewport part{0.25, 0.25, 0.25, 0.5, 0.25, 0.75};
+
+TEST(Surface, CoversAll640By480PixelsAtFirst) {
+    const Surface surface;
+    EXPECT_EQ(surface.viewport(), (Viewport{0, 0, 1, 1, 0, 1}));
+    EXPECT_EQ(surface.resolutionX(), 640U);
+    EXPECT_EQ(surface.resolutionY(), 480U);
+    EXPECT_EQ(surface.matrix(), rows4({{{320, 0, 0, 320}, {0, 240, 0, 240}, {0, 0, 0.5, 0.5}, {0, 0, 0, 1}}}));
+    EXPECT_EQ(surface.inverse(), rows4({{{2.0 / 640, 0, 0, -1}, {0, 2.0 / 480, 0, -1}, {0, 0, 2, -1}, {0, 0, 0, 1}}}));
+}
+
+TEST(Surface, CopiesEveryPart) {
+    const Surface surface(part, math::makeViewport(part, 3, 4), Mat4{}, 0, 7);
+    const Surface copy = surface;
+    EXPECT_TRUE(same(copy, surface));
+    Surface assigned;
+    assigned = surface;
+    EXPECT_TRUE(same(assigned, surface));
+}
+
+TEST(Surface, UpdateTakesViewportAndResolution) {
+    Surface surface;
+    surface.update(part, 800, 600);
+    EXPECT_EQ(surface.viewport(), part);
+    EXPECT_EQ(surface.resolutionX(), 800U);
+    EXPECT_EQ(surface.resolutionY(), 600U);
+    EXPECT_EQ(surface.matrix(), math::makeViewport(part, 800, 600));
+    EXPECT_EQ(surface.inverse(), math::makeViewportInverse(part, 800, 600));
+}
+
+TEST(Surface, UpdateRejectsWhatIsOutOfRange) {
+    for (const Viewport& viewport :
+         {Viewport{-5e-324, 0, 1, 1, 0, 1}, Viewport{justAbove(1.0), 0, 1, 1, 0, 1}, Viewport{1.5, 0, 1, 1, 0, 1},
+          Viewport{0, -0.5, 1, 1, 0, 1}, Viewport{0, justAbove(1.0), 1, 1, 0, 1}, Viewport{0, 0, 1e-7, 1, 0, 1},
+          Viewport{0, 0, 0, 1, 0, 1}, Viewport{0, 0, -1, 1, 0, 1}, Viewport{0, 0, 1, 1e-7, 0, 1},
+          Viewport{0, 0, 1, 0, 0, 1}, Viewport{0, 0, 1, -1, 0, 1}}) {
+        Surface surface;
+        surface.update(viewport, 800, 600);
+        EXPECT_TRUE(same(surface, Surface())) << viewport.x << ' ' << viewport.y;
+    }
+}
+
+TEST(Surface, UpdateRejectsAResolutionOfZero) {
+    Surface surface;
+    surface.update(part, 0, 600);
+    surface.update(part, 800, 0);
+    EXPECT_TRUE(same(surface, Surface()));
+}
+
+TEST(Surface, UpdateTakesTheBoundsThemselves) {
+    const double least = justAbove(1e-7);
+    for (const Viewport& viewport : {Viewport{0, 0, least, least, 0, 1}, Viewport{1, 1, 5, 5, 0, 1}}) {
+        Surface surface;
+        surface.update(viewport, 1, 1);
+        EXPECT_EQ(surface.viewport(), viewport);
+    }
+}
+
+TEST(Surface, UpdateDoesNotCheckWhetherTheViewportFits) {
+    Surface surface;
+    surface.update({0.75, 0.75, 2, 3, 0, 1}, 640, 480);
+    EXPECT_EQ(surface.viewport().width, 2.0);
+}
+
+TEST(Surface, UpdateTakesAnyDepths) {
+    Surface surface;
+    surface.update({0, 0, 1, 1, 7, -3}, 640, 480);
+    EXPECT_EQ(surface.matrix()(2, 2), -5.0);
+    EXPECT_EQ(surface.matrix()(2, 3), 2.0);
+}
+
+TEST(Surface, UpdateTakesEqualDepthsAndHasInfinitiesInTheInverse) {
+    Surface surface;
+    surface.update({0, 0, 1, 1, 0.5, 0.5}, 640, 480);
+    EXPECT_EQ(surface.viewport().depthMax, 0.5);
+    EXPECT_EQ(surface.inverse()(2, 2), infinity);
+    EXPECT_EQ(surface.inverse()(2, 3), -infinity);
+}
+
+TEST(Surface, UpdateTakesNaNForAnyValue) {
+    for (std::size_t i = 0; i < 6; ++i) {
+        std::array<double, 6> values = numbers(part);
+        values[i] = nan;
+        Surface surface;
+        surface.update({values[0], values[1], values[2], values[3], values[4], values[5]}, 800, 600);
+        EXPECT_EQ(surface.resolutionX(), 800U) << i;
+        EXPECT_TRUE(std::isnan(numbers(surface.viewport())[i])) << i;
+    }
+}
+
+TEST(Surface, TakesTheResolutionForUnsigned) {
+    Surface surface;
+    surface.update({}, static_cast<std::uint32_t>(-1), static_cast<std::uint32_t>(-2));
+    EXPECT_EQ(surface.matrix()(0, 3), 2147483647.5);
+    EXPECT_EQ(surface.matrix()(1, 3), 2147483647.0);
+}
+
+TEST(Surface, SetResolutionXRebuildsTheMatrices) {
+    Surface surface;
+    surface.setResolutionX(1280);
+    EXPECT_EQ(surface.matrix()(0, 0), 640.0);
+    EXPECT_EQ(surface.matrix()(0, 3), 640.0);
+    Surface expected;
+    expected.update({}, 1280, 480);
+    EXPECT_TRUE(same(surface, expected));
+}
+
+TEST(Surface, SetResolutionYRebuildsTheMatrices) {
+    Surface surface;
+    surface.setResolutionY(960);
+    Surface expected;
+    expected.update({}, 640, 960);
+    EXPECT_TRUE(same(surface, expected));
+}
+
+TEST(Surface, SetResolutionRejectsZero) {
+    Surface surface;
+    surface.setResolutionX(0);
+    surface.setResolutionY(0);
+    EXPECT_TRUE(same(surface, Surface()));
+}
+
+// Required: the matrices follow with the next update or change of the resolution.
+TEST(Surface, SetViewportLeavesTheMatricesAsTheyAre) {
+    Surface surface;
+    surface.setViewport({0.5, 0, 0.5, 1, 0, 1});
+    EXPECT_EQ(surface.viewport(), (Viewport{0.5, 0, 0.5, 1, 0, 1}));
+    EXPECT_EQ(surface.matrix(), Surface().matrix());
+    EXPECT_EQ(surface.inverse(), Surface().inverse());
+}
+
+TEST(Surface, SetViewportChecksNothing) {
+    Surface surface;
+    surface.setViewport({-5, 7, 0, -1, nan, infinity});
+    EXPECT_EQ(surface.viewport().x, -5.0);
+    EXPECT_EQ(surface.viewport().height, -1.0);
+    EXPECT_TRUE(std::isnan(surface.viewport().depthMin));
+}
+
+TEST(Surface, SetResolutionBringsTheMatricesInStepWithTheViewport) {
+    Surface surface;
+    surface.setViewport(part);
+    surface.setResolutionX(640);
+    EXPECT_EQ(surface.matrix(), math::makeViewport(part, 640, 480));
+    EXPECT_EQ(surface.inverse(), math::makeViewportInverse(part, 640, 480));
+}
+
+TEST(Surface, SetResolutionBuildsInfinitiesOfAViewportOfNoWidth) {
+    Surface surface;
+    surface.setViewport({0.5, 0, 0, 1, 0, 1});
+    surface.setResolutionX(640);
+    EXPECT_EQ(surface.inverse()(0, 0), infinity);
+}
+
+} // namespace
+} // namespace qel::api::camera::test

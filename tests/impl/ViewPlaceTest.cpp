@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "CameraTesting.h"
+#include "View.h"
+
+namespace qel::api::camera::test {
+namespace {
+
+using impl::View;
+using math::Mat3;
+using math::Mat4;
+using math::Quat;
+using math::Vec3;
+
+/// Looks from (5, 0, 0) along -x with z up: x axis (0, 1, 0), y axis (0, 0, 1), z axis (1, 0, 0).
+View fromX() { return {{5, 0, 0}, {0, 0, 0}, {0, 0, 1}}; }
+
+TEST(View, SetEyeMovesBothMatrices) {
+    View view = fromX();
+    view.setEye({1, 2, 3});
+    EXPECT_EQ(view.eye(), (Vec3{1, 2, 3}));
+    EXPECT_EQ(translation(view.viewTransformMatrix()), (Vec3{1, 2, 3}));
+    EXPECT_EQ(translation(view.viewMatrix()), (Vec3{-2, -3, -1}));
+    EXPECT_TRUE(consistent(view));
+}
+
+TEST(View, SetEyeTakesTheRotationNotTheViewMatrix) {
+    Mat3 rotation;
+    rotation(0, 0) = 2.0;
+    View view(Mat4{}, Mat4{}, rotation, {});
+    view.setEye({1, 1, 1});
+    EXPECT_EQ(translation(view.viewMatrix()), (Vec3{-2, -1, -1}));
+}
+
+TEST(View, SetEyeMakesAnIdentityATranslation) {
+    View view = withKinds(View{}, {1, 1, 1});
+    view.setEye({1, 2, 3});
+    EXPECT_EQ(kinds(view), (Kinds{2, 2, 1}));
+}
+
+TEST(View, SetEyeMakesARotationARotationWithTranslation) {
+    View view = withKinds(View{}, {4, 4, 4});
+    view.setEye({1, 2, 3});
+    EXPECT_EQ(kinds(view), (Kinds{16, 16, 4}));
+}
+
+TEST(View, SetEyeKeepsOtherKinds) {
+    for (const std::uint32_t word : {0U, 2U, 16U, 32U, 64U, 33U}) {
+        View view = withKinds(View{}, {word, word, word});
+        view.setEye({1, 2, 3});
+        EXPECT_EQ(kinds(view), (Kinds{word, word, word}));
+    }
+}
+
+TEST(View, SetEyeJudgesEachMatrixByItself) {
+    View view = withKinds(View{}, {1, 4, 1});
+    view.setEye({1, 2, 3});
+    EXPECT_EQ(kinds(view), (Kinds{2, 16, 1}));
+}
+
+TEST(View, SetEyeTakesNaN) {
+    View view = fromX();
+    view.setEye({nan, 2, 3});
+    EXPECT_TRUE(std::isnan(view.eye().x));
+    EXPECT_TRUE(std::isnan(view.viewTransformMatrix()(0, 3)));
+    EXPECT_TRUE(isNaN(translation(view.viewMatrix()))); // every row sums over all coordinates
+    EXPECT_EQ(view.direction(), (Vec3{-1, 0, 0}));
+}
+
+TEST(View, TranslatesAlongItsOwnAxes) {
+    View view = fromX();
+    view.translateInViewSpace({10, 20, 30});
+    EXPECT_EQ(view.eye(), (Vec3{35, 10, 20}));
+    EXPECT_TRUE(consistent(view));
+}
+
+TEST(View, TranslatesAlongTheAxesOfTheWorld) {
+    View view = fromX();
+    view.translateInWorldSpace({10, 20, 30});
+    EXPECT_EQ(view.eye(), (Vec3{15, 20, 30}));
+    EXPECT_TRUE(consistent(view));
+}
+
+TEST(View, TranslatingKeepsTheRotation) {
+    View view = someView();
+    view.translateInViewSpace({10, 20, 30});
+    view.translateInWorldSpace({-1, -2, -3});
+    EXPECT_EQ(view.rotation(), someView().rotation());
+}
+
+TEST(View, TranslatingByZeroChangesNothingNotEvenTheKinds) {
+    const View before = withKinds(someView(), {1, 4, 1});
+    View view = before;
+    view.translateInViewSpace({0, 0, 0});
+    view.translateInWorldSpace({0, -0.0, 0});
+    EXPECT_TRUE(same(view, before));
+}
+
+TEST(View, TranslatingByAtMostTheToleranceChangesNothing) {
+    const View before = withKinds(someView(), {1, 4, 1});
+    View view = before;
+    view.translateInViewSpace({0, 1e-7, 0});
+    view.translateInWorldSpace({0, 0, -1e-7});
+    EXPECT_TRUE(same(view, before));
+}
+
+TEST(View, TranslatingByMoreThanTheToleranceMoves) {
+    View inView;
+    inView.translateInViewSpace({0, 1.001e-7, 0});
+    EXPECT_EQ(inView.eye(), (Vec3{0, 1.001e-7, 0}));
+    View inWorld;
+    inWorld.translateInWorldSpace({0, 0, -1.001e-7});
+    EXPECT_EQ(inWorld.eye(), (Vec3{0, 0, -1.001e-7}));
+}
+
+TEST(View, TranslatesByNaN) {
+    View inView;
+    inView.translateInViewSpace({0, nan, 0});
+    EXPECT_TRUE(isNaN(inView.eye())); // each world coordinate sums over all of the view's
+    View inWorld;
+    inWorld.translateInWorldSpace({0, nan, 0});
+    EXPECT_TRUE(std::isnan(inWorld.eye().y));
+    EXPECT_EQ(inWorld.eye().x, 0.0);
+}
+
+TEST(View, SetOrientationTurnsTheViewWhereItStands) {
+    View view = fromX();
+    // A quarter turn about the world's z from the default orientation: x to y.
+    view.setOrientation({0, 0, std::sqrt(0.5), std::sqrt(0.5)});
+    EXPECT_TRUE(near(view.rotation(), rows3({{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}), 4 * epsilon));
+    EXPECT_EQ(view.eye(), (Vec3{5, 0, 0}));
+    EXPECT_TRUE(near(translation(view.viewMatrix()), {0, 5, 0}, 32 * epsilon));
+    EXPECT_TRUE(consistent(view));
+}
+
+TEST(View, SetOrientationNormalises) {
+    View view;
+    view.setOrientation({0, 0, 0, 7});
+    EXPECT_EQ(view.rotation().mElements, Mat3{}.mElements);
+    view.setOrientation({3, 0, 0, 0});
+    EXPECT_EQ(view.rotation().mElements, rows3({{{1, 0, 0}, {0, -1, 0}, {0, 0, -1}}}).mElements);
+}
+
+TEST(View, SetOrientationNormalisesAtExactlyTheBound) {
+    ASSERT_EQ(math::length(Quat{1e-4, 0, 0, 0}), 1e-4);
+    View view;
+    view.setOrientation({1e-4, 0, 0, 0});
+    EXPECT_EQ(view.rotation()(1, 1), -1.0);
+}
+
+TEST(View, SetOrientationUsesAQuaternionTooShortAsGiven) {
+    const double x = justBelow(1e-4);
+    View view;
+    view.setOrientation({x, 0, 0, 0});
+    EXPECT_EQ(view.rotation(), rows3({{{1, 0, 0}, {0, 1.0 - 2.0 * x * x, 0}, {0, 0, 1.0 - 2.0 * x * x}}}));
+}
+
+TEST(View, SetOrientationMakesTheIdentityOfTheZeroQuaternion) {
+    View view = fromX();
+    view.setOrientation({0, 0, 0, 0});
+    EXPECT_EQ(view.rotation().mElements, Mat3{}.mElements);
+}
+
+TEST(View, SetOrientationTakesNaN) {
+    View view;
+    view.setOrientation({0, 0, nan, 1});
+    EXPECT_TRUE(std::isnan(view.rotation()(0, 0)));
+    EXPECT_EQ(view.rotation()(2, 2), 1.0); // not normalised, so x and y are the zeros that were given
+}
+
+TEST(View, SetOrientationMakesTheRotationARotation) {
+    View view = withKinds(someView(), {64, 64, 2});
+    view.setOrientation({0, 1, 0, 1});
+    EXPECT_EQ(kinds(view), (Kinds{64, 64, 4}));
+}
+
+TEST(View, SetOrientationMovesTheKindOfTheViewMatrixAlone) {
+    View identity = withKinds(View{}, {1, 1, 1});
+    identity.setOrientation({0, 1, 0, 1});
+    EXPECT_EQ(kinds(identity), (Kinds{1, 2, 4}));
+    View rotation = withKinds(View{}, {4, 4, 4});
+    rotation.setOrientation({0, 1, 0, 1});
+    EXPECT_EQ(kinds(rotation), (Kinds{4, 16, 4}));
+}
+
+TEST(View, SetOrientationKeepsWhatStandsInTheLastRows) {
+    Mat4 matrix;
+    matrix(3, 0) = 7.0;
+    matrix(3, 3) = 8.0;
+    View view(matrix, matrix, Mat3{}, {});
+    view.setOrientation({0, 1, 0, 1});
+    EXPECT_EQ(view.viewMatrix()(3, 0), 7.0);
+    EXPECT_EQ(view.viewTransformMatrix()(3, 3), 8.0);
+}
+
+} // namespace
+} // namespace qel::api::camera::test
