@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <iostream>
+
+#include <qel/api/camera/CameraAPIIf.h>
+#include <qel/host/ComponentLoader.h>
+
+using namespace qel::api::camera;
+
+int main(int, char** arguments) {
+    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+    CameraAPIIf& service = component.camera();
+
+    PlanarCameraStateResult camera; // the host keeps the state, the service only transforms it
+    service.planarCameraCreateDefault(camera);
+    service.planarCameraUpdateWindowSize(camera, camera.mValue, 1280, 720);
+    service.planarCameraFitWorldSpaceBoundingBox(camera, camera.mValue, -1, -1, -1, 1, 1, 1);
+
+    Vector corner;
+    corner.mData = {1, 1, 1};
+    VectorResult pixel;
+    service.transformWorldPointToScreenPoint(pixel, camera.mValue, corner);
+    std::cout << "eye " << camera.mValue.mViewState.mEye << "\ncorner at pixel " << pixel.mValue << '\n';
+    return camera.mResult.mError != 0 || pixel.mResult.mError != 0 ? 1 : 0;
+}
