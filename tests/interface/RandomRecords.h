@@ -33,6 +33,9 @@ public:
     /// NaN breaks comparing by ==, so it is left out unless asked for.
     void allowNaN() { mNaN = true; }
 
+    /// Thrift's JSON protocol drops zero bytes from texts (not from images, which it writes as base64).
+    void noZeroBytesInTexts() { mZeroBytes = false; }
+
     void fill(double& value) {
         const double special[] = {0.0,
                                   -0.0,
@@ -97,9 +100,18 @@ public:
     template <class Record>
     requires std::is_class_v<Record>
     void fill(Record& record) {
-        std::apply(
-            [&](const auto&... field) { ((fill(record.*field.member), field.markSet(record, below(2) == 0)), ...); },
-            FieldTable<Record>::fields);
+        forEachField<Record>([&](const auto& field) { fillField(record, field); });
+    }
+
+    template <class Record, class FieldType>
+    void fillField(Record& record, const FieldType& field) {
+        fill(record.*field.member);
+        if constexpr (std::is_same_v<typename FieldType::Value, std::string>) {
+            if (field.form != Form::binary && !mZeroBytes) {
+                std::erase(record.*field.member, '\0');
+            }
+        }
+        field.markSet(record, below(2) == 0);
     }
 
     /// Makes the value another one.
@@ -116,6 +128,7 @@ public:
 private:
     std::mt19937_64 mRandom;
     bool mNaN = false;
+    bool mZeroBytes = true;
 };
 
 inline bool identical(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
