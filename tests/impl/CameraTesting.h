@@ -172,4 +172,33 @@ using Kinds = std::array<std::uint32_t, 3>;
     return {eye, eye + direction * size, cross(direction, random.direction())};
 }
 
+[[nodiscard]] inline impl::Projection projectionOf(const math::Frustum& frustum, bool orthographic) {
+    impl::Projection projection;
+    projection.setFrustum(frustum, orthographic);
+    return projection;
+}
+
+[[nodiscard]] inline impl::Surface surfaceOf(const math::Viewport& viewport, std::uint32_t resolutionX,
+                                             std::uint32_t resolutionY) {
+    impl::Surface surface;
+    surface.update(viewport, resolutionX, resolutionY);
+    return surface;
+}
+
+/// Orthographic, one unit of view space to a pixel of 512 by 512, all steps exact: view (x, y) is at pixel (x, y).
+[[nodiscard]] inline impl::PlanarCamera pixelCamera() {
+    return {impl::View{}, projectionOf({0, 512, 0, 512, 1, 3}, true), surfaceOf({}, 512, 512)};
+}
+
+/// Perspective, a right angle wide and high, 512 by 512 pixels, five ahead of the origin and looking at it.
+[[nodiscard]] inline impl::PlanarCamera squareCamera() {
+    return {{{0, 0, 5}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, false), surfaceOf({}, 512, 512)};
+}
+
+/// Nothing about it is round, centred or aligned.
+[[nodiscard]] inline impl::PlanarCamera someCamera(bool orthographic) {
+    return {someView(), projectionOf({-0.3, 0.5, -0.25, 0.4, 0.7, 90}, orthographic),
+            surfaceOf({0.1, 0.2, 0.7, 0.6, 0, 1}, 800, 600)};
+}
+
 } // namespace qel::api::camera::test

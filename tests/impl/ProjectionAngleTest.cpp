@@ -14,17 +14,8 @@ using impl::Projection;
 using math::Frustum;
 using math::Mat4;
 
-Projection perspective(const Frustum& frustum) {
-    Projection projection;
-    projection.setFrustum(frustum, false);
-    return projection;
-}
-
-Projection orthographic(const Frustum& frustum) {
-    Projection projection;
-    projection.setFrustum(frustum, true);
-    return projection;
-}
+Projection perspective(const Frustum& frustum) { return projectionOf(frustum, false); }
+Projection orthographic(const Frustum& frustum) { return projectionOf(frustum, true); }
 
 Projection randomPerspective(Random& random) {
     const double n = random.magnitude(1e-4, 1e5);

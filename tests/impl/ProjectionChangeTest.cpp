@@ -16,81 +16,75 @@ using math::Mat4;
 
 const Frustum offCentre{-1, 3, -2, 6, 2, 10};
 
-Projection made(const Frustum& frustum, bool orthographic) {
-    Projection projection;
-    projection.setFrustum(frustum, orthographic);
-    return projection;
-}
-
 constexpr bool bothTypes[] = {false, true};
 
 TEST(SetAspectRatio, LeavesAFrustumThatHasItAlone) {
     for (const bool orthographic : bothTypes) {
-        Projection projection = made({-4, 4, -1, 3, 1, 9}, orthographic);
+        Projection projection = projectionOf({-4, 4, -1, 3, 1, 9}, orthographic);
         projection.setAspectRatio(2.0);
-        EXPECT_TRUE(same(projection, made({-4, 4, -1, 3, 1, 9}, orthographic)));
+        EXPECT_TRUE(same(projection, projectionOf({-4, 4, -1, 3, 1, 9}, orthographic)));
     }
 }
 
 TEST(SetAspectRatio, ScalesBottomAndTopAboutZeroNotAboutTheirCentre) {
     for (const bool orthographic : bothTypes) {
-        Projection projection = made({-4, 4, -1, 3, 1, 9}, orthographic);
+        Projection projection = projectionOf({-4, 4, -1, 3, 1, 9}, orthographic);
         projection.setAspectRatio(1.0);
-        EXPECT_TRUE(same(projection, made({-4, 4, -2, 6, 1, 9}, orthographic)));
+        EXPECT_TRUE(same(projection, projectionOf({-4, 4, -2, 6, 1, 9}, orthographic)));
     }
 }
 
 TEST(SetAspectRatio, RejectsRatiosUpToTheTolerance) {
     for (const double ratio : {1e-7, 0.0, -2.0}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.setAspectRatio(ratio);
-        EXPECT_TRUE(same(projection, made(offCentre, false))) << ratio;
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false))) << ratio;
     }
 }
 
 TEST(SetAspectRatio, TakesTheSmallestRatioAboveTheTolerance) {
-    Projection projection = made({-1, 1, -1, 1, 1, 2}, false);
+    Projection projection = projectionOf({-1, 1, -1, 1, 1, 2}, false);
     projection.setAspectRatio(justAbove(1e-7));
     EXPECT_NEAR(projection.frustum().top, 1e7, 1e-6);
 }
 
 TEST(SetAspectRatio, TakesNaN) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setAspectRatio(nan);
     EXPECT_TRUE(std::isnan(projection.frustum().bottom));
     EXPECT_EQ(projection.frustum().left, -1.0);
 }
 
 TEST(SetNear, KeepsTheAnglesOfAPerspective) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setNear(4.0);
-    EXPECT_TRUE(same(projection, made({-2, 6, -4, 12, 4, 10}, false)));
+    EXPECT_TRUE(same(projection, projectionOf({-2, 6, -4, 12, 4, 10}, false)));
 }
 
 TEST(SetNear, KeepsTheSidesOfAnOrthographicProjection) {
-    Projection projection = made(offCentre, true);
+    Projection projection = projectionOf(offCentre, true);
     projection.setNear(4.0);
-    EXPECT_TRUE(same(projection, made({-1, 3, -2, 6, 4, 10}, true)));
+    EXPECT_TRUE(same(projection, projectionOf({-1, 3, -2, 6, 4, 10}, true)));
 }
 
 TEST(SetNear, RejectsDistancesUpToTheTolerance) {
     for (const double distance : {1e-7, 0.0, -1.0}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.setNear(distance);
-        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false))) << distance;
     }
 }
 
 TEST(SetNear, RejectsFarAndWhatIsBeyond) {
     for (const double distance : {10.0, 11.0, infinity}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.setNear(distance);
-        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false))) << distance;
     }
 }
 
 TEST(SetNear, TakesTheBoundsNextNeighbours) {
-    Projection projection = made(offCentre, true);
+    Projection projection = projectionOf(offCentre, true);
     projection.setNear(justAbove(1e-7));
     EXPECT_EQ(projection.frustum().nearDist, justAbove(1e-7));
     projection.setNear(justBelow(10.0));
@@ -98,7 +92,7 @@ TEST(SetNear, TakesTheBoundsNextNeighbours) {
 }
 
 TEST(SetNear, TakesNaN) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setNear(nan);
     for (std::size_t i = 0; i < 5; ++i) {
         EXPECT_TRUE(std::isnan(numbers(projection.frustum())[i])) << i;
@@ -110,35 +104,35 @@ TEST(SetNear, TakesNaN) {
 
 // The ratio of the distances is formed first: 7/3 times 3 is not 7 for every side.
 TEST(SetNear, FormsTheRatioFirst) {
-    Projection projection = made({-0.1, 0.1, -0.1, 0.1, 3, 10}, false);
+    Projection projection = projectionOf({-0.1, 0.1, -0.1, 0.1, 3, 10}, false);
     projection.setNear(7.0);
     EXPECT_EQ(projection.frustum().right, 0.1 * (7.0 / 3.0));
 }
 
 TEST(SetFar, MovesTheFarPlaneAlone) {
     for (const bool orthographic : bothTypes) {
-        Projection projection = made(offCentre, orthographic);
+        Projection projection = projectionOf(offCentre, orthographic);
         projection.setFar(50.0);
-        EXPECT_TRUE(same(projection, made({-1, 3, -2, 6, 2, 50}, orthographic)));
+        EXPECT_TRUE(same(projection, projectionOf({-1, 3, -2, 6, 2, 50}, orthographic)));
     }
 }
 
 TEST(SetFar, RejectsNearAndWhatIsBefore) {
     for (const double distance : {2.0, 1.0, -5.0}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.setFar(distance);
-        EXPECT_TRUE(same(projection, made(offCentre, false))) << distance;
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false))) << distance;
     }
 }
 
 TEST(SetFar, TakesTheFirstNumberBeyondNear) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setFar(justAbove(2.0));
     EXPECT_EQ(projection.frustum().farDist, justAbove(2.0));
 }
 
 TEST(SetFar, TakesNaN) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setFar(nan);
     EXPECT_TRUE(std::isnan(projection.frustum().farDist));
     EXPECT_EQ(projection.frustum().right, 3.0);
@@ -146,42 +140,42 @@ TEST(SetFar, TakesNaN) {
 
 TEST(Zoom, ByTwoDoublesTheExtentsAboutTheirCentre) {
     for (const bool orthographic : bothTypes) {
-        Projection projection = made(offCentre, orthographic);
+        Projection projection = projectionOf(offCentre, orthographic);
         projection.zoom(2.0);
-        EXPECT_TRUE(same(projection, made({-3, 5, -6, 10, 2, 10}, orthographic)));
+        EXPECT_TRUE(same(projection, projectionOf({-3, 5, -6, 10, 2, 10}, orthographic)));
     }
 }
 
 TEST(Zoom, ByAHalfMagnifies) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.zoom(0.5);
     EXPECT_EQ(projection.frustum(), (Frustum{0, 2, 0, 4, 2, 10}));
 }
 
 TEST(Zoom, ByOneKeepsTheFrustum) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.zoom(1.0);
-    EXPECT_TRUE(same(projection, made(offCentre, false)));
+    EXPECT_TRUE(same(projection, projectionOf(offCentre, false)));
 }
 
 TEST(Zoom, ByANegativeFactorChangesNothing) {
     for (const double factor : {-1.0, -5e-324, -infinity}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.zoom(factor);
-        EXPECT_TRUE(same(projection, made(offCentre, false))) << factor;
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false))) << factor;
     }
 }
 
 TEST(Zoom, ByZeroChangesNothingAsTheFrustumWouldBeEmpty) {
     for (const double factor : {0.0, -0.0}) {
-        Projection projection = made(offCentre, false);
+        Projection projection = projectionOf(offCentre, false);
         projection.zoom(factor);
-        EXPECT_TRUE(same(projection, made(offCentre, false)));
+        EXPECT_TRUE(same(projection, projectionOf(offCentre, false)));
     }
 }
 
 TEST(Zoom, TakesNaN) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.zoom(nan);
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_TRUE(std::isnan(numbers(projection.frustum())[i])) << i;
@@ -190,7 +184,7 @@ TEST(Zoom, TakesNaN) {
 }
 
 TEST(SetProjectionMatrix, StoresTheMatrixAndKeepsTheInverse) {
-    const Projection before = made(offCentre, false);
+    const Projection before = projectionOf(offCentre, false);
     const Mat4 matrix = math::makeOrtho({-5, 5, -5, 5, 1, 2});
     Projection projection = before;
     projection.setProjectionMatrix(matrix, true);
@@ -201,21 +195,21 @@ TEST(SetProjectionMatrix, StoresTheMatrixAndKeepsTheInverse) {
 
 // Required: the frustum is that of the previous projection, near and far with the sign of view space.
 TEST(SetProjectionMatrix, DerivesTheFrustumFromThePreviousPerspective) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setProjectionMatrix(Mat4{}, false);
     EXPECT_TRUE(near(projection.frustum(), Frustum{-1, 3, -2, 6, -2, -10}, 32 * epsilon));
     EXPECT_EQ(projection.aspectRatio(), 0.5);
 }
 
 TEST(SetProjectionMatrix, DerivesTheFrustumFromThePreviousOrthographic) {
-    Projection projection = made(offCentre, true);
+    Projection projection = projectionOf(offCentre, true);
     projection.setProjectionMatrix(Mat4{}, false);
     EXPECT_TRUE(near(projection.frustum(), Frustum{-1, 3, -2, 6, -2, -10}, 32 * epsilon));
     EXPECT_EQ(projection.type(), 0);
 }
 
 TEST(SetProjectionMatrix, DerivesTheSameFrustumEachTime) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setProjectionMatrix(Mat4{}, false);
     const Frustum first = projection.frustum();
     projection.setProjectionMatrix(math::makeOrtho({-5, 5, -5, 5, 1, 2}), true);
@@ -239,7 +233,7 @@ TEST(SetProjectionMatrix, DoesNotDivideByATraceOfW) {
 
 // Far distances of 10^4 and more: w there is 1/far, at most the tolerance, and is not divided by.
 TEST(SetProjectionMatrix, DerivesADistantFarPlaneUndivided) {
-    Projection projection = made({-1, 1, -1, 1, 1, 1e6}, false);
+    Projection projection = projectionOf({-1, 1, -1, 1, 1, 1e6}, false);
     projection.setProjectionMatrix(Mat4{}, false);
     EXPECT_EQ(projection.frustum().farDist, -1.0);
 }
@@ -247,21 +241,21 @@ TEST(SetProjectionMatrix, DerivesADistantFarPlaneUndivided) {
 TEST(SetProjectionMatrix, TakesNaN) {
     Mat4 matrix;
     matrix(0, 0) = nan;
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setProjectionMatrix(matrix, false);
     EXPECT_TRUE(std::isnan(projection.matrix()(0, 0)));
     EXPECT_DOUBLE_EQ(projection.frustum().farDist, -10.0);
 }
 
 TEST(SetProjectionMatrix, IsPutInStepByTheNextFrustum) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setProjectionMatrix(Mat4{}, true);
     projection.setFrustum(offCentre, false);
-    EXPECT_TRUE(same(projection, made(offCentre, false)));
+    EXPECT_TRUE(same(projection, projectionOf(offCentre, false)));
 }
 
 TEST(SetProjectionMatrix, LeavesNearNegativeSoThatSideChangesAreRejected) {
-    Projection projection = made(offCentre, false);
+    Projection projection = projectionOf(offCentre, false);
     projection.setProjectionMatrix(Mat4{}, false);
     const Projection before = projection;
     projection.zoom(2.0);

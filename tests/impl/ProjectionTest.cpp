@@ -23,17 +23,8 @@ static_assert(!std::is_convertible_v<Frustum, Projection> && !std::is_convertibl
 
 const Frustum valid{-1, 3, -2, 6, 2, 10};
 
-Projection perspective(const Frustum& frustum) {
-    Projection projection;
-    projection.setFrustum(frustum, false);
-    return projection;
-}
-
-Projection orthographic(const Frustum& frustum) {
-    Projection projection;
-    projection.setFrustum(frustum, true);
-    return projection;
-}
+Projection perspective(const Frustum& frustum) { return projectionOf(frustum, false); }
+Projection orthographic(const Frustum& frustum) { return projectionOf(frustum, true); }
 
 TEST(Projection, SeesFortyFiveDegreesInFourToThreeAtFirst) {
     const Projection projection;
