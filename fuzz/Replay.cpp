@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+// A fuzz target as a plain program: runs every file of the corpora named, then a fixed number of inputs mutated from
+// them, the same ones on every machine and at every run.
+//
+//   fuzz_records --runs 20000 corpus/records findings/records
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Require.h"
+
+namespace {
+
+using Input = std::vector<std::uint8_t>;
+
+constexpr std::size_t longestInput = 128;
+
+/// splitmix64.
+class Random {
+public:
+    std::size_t below(std::size_t bound) {
+        mState += 0x9E3779B97F4A7C15U;
+        std::uint64_t z = mState;
+        z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
+        z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
+        return static_cast<std::size_t>((z ^ (z >> 31U)) % bound);
+    }
+    std::uint8_t byte() { return static_cast<std::uint8_t>(below(256)); }
+
+private:
+    std::uint64_t mState = 1;
+};
+
+std::vector<Input> readCorpora(const std::vector<std::string>& folders) {
+    std::vector<std::filesystem::path> paths;
+    for (const std::string& folder : folders) {
+        if (std::filesystem::is_directory(folder)) {
+            for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+                paths.push_back(entry.path());
+            }
+        } else if (std::filesystem::exists(folder)) {
+            paths.emplace_back(folder);
+        }
+    }
+    std::sort(paths.begin(), paths.end()); // a folder's own order differs from machine to machine
+
+    std::vector<Input> inputs;
+    for (const auto& path : paths) {
+        std::ifstream file(path, std::ios::binary);
+        inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    }
+    return inputs;
+}
+
+Input mutated(Input input, const std::vector<Input>& others, Random& random) {
+    for (std::size_t i = 1 + random.below(4); i > 0; --i) {
+        const auto at = static_cast<std::ptrdiff_t>(random.below(input.size() + 1));
+        switch (random.below(5)) {
+        case 0: input.insert(input.begin() + at, random.byte()); break;
+        case 1: input.resize(static_cast<std::size_t>(at)); break;
+        case 2: {
+            const Input& other = others[random.below(others.size())];
+            input.insert(input.begin() + at, other.begin(), other.end());
+            break;
+        }
+        case 3:
+            if (static_cast<std::size_t>(at) < input.size()) {
+                input[static_cast<std::size_t>(at)] ^= static_cast<std::uint8_t>(1U << random.below(8));
+            }
+            break;
+        default:
+            if (static_cast<std::size_t>(at) < input.size()) {
+                input[static_cast<std::size_t>(at)] = random.byte();
+            }
+        }
+    }
+    input.resize(std::min(input.size(), longestInput));
+    return input;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    std::size_t runs = 0;
+    std::vector<std::string> folders;
+    for (int i = 1; i < count; ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--runs" && i + 1 < count) {
+            const std::string_view number = arguments[++i];
+            std::from_chars(number.data(), number.data() + number.size(), runs);
+        } else {
+            folders.emplace_back(argument);
+        }
+    }
+    const std::vector<Input> inputs = readCorpora(folders);
+    if (inputs.empty()) {
+        std::fprintf(stderr, "no input in the folders named\n");
+        return EXIT_FAILURE;
+    }
+    for (const Input& input : inputs) {
+        LLVMFuzzerTestOneInput(input.data(), input.size());
+    }
+    Random random;
+    for (std::size_t i = 0; i < runs; ++i) {
+        // In memory of its own size, so that the address sanitizer sees its end.
+        const Input input = mutated(inputs[random.below(inputs.size())], inputs, random);
+        const Input exact(input.begin(), input.end());
+        LLVMFuzzerTestOneInput(exact.data(), exact.size());
+    }
+    std::printf("%zu inputs of the corpora and %zu mutated ones\n", inputs.size(), runs);
+    return EXIT_SUCCESS;
+}

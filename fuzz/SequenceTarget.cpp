@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: Apache-2.0
+// Runs a sequence of operations over the service, made by the factory of the module: the input says which operations
+// with which arguments and on which of the states that the earlier ones left, and how their images are forged.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include <qel/api/base/BaseAPIIf.h>
+#include <qel/api/camera/Operations.h>
+
+#include "Arguments.h"
+#include "Bytes.h"
+#include "Expectations.h"
+#include "Require.h"
+#include "States.h"
+
+namespace camera::fuzz {
+namespace {
+
+constexpr std::size_t operationCount = api::operationCount;
+constexpr std::size_t mostSteps = 12;
+
+/// Holds an argument: a state of the pool by reference, anything else by value.
+template <class Argument, bool = isState<std::remove_cvref_t<Argument>>>
+struct Held {
+    std::remove_cvref_t<Argument> value{};
+    void choose(States&, std::size_t, Bytes& bytes) { make(value, bytes); }
+    [[nodiscard]] Argument get() const { return value; }
+};
+template <class Argument>
+struct Held<Argument, true> {
+    using State = std::remove_cvref_t<Argument>;
+    const State* value = nullptr;
+    void choose(States& states, std::size_t index, Bytes&) {
+        value = &states.state(static_cast<State*>(nullptr), index);
+    }
+    [[nodiscard]] Argument get() const { return *value; }
+};
+
+template <std::size_t slot, class... Arguments>
+bool mustFail(const std::tuple<Held<Arguments>...>& arguments) {
+    if constexpr (slot == 68) {
+        return cannotBeTransposed(std::get<0>(arguments).get());
+    } else {
+        bool fails = std::apply([](const auto&... held) { return (isShort(held.get()) || ...); }, arguments);
+        if constexpr (slot == 65) {
+            fails = fails || hasNoHeight(std::get<0>(arguments).get());
+        }
+        return fails;
+    }
+}
+
+/// Equal bit for bit, NaN and the sign of zero included.
+bool sameBits(const std::vector<double>& a, const std::vector<double>& b) {
+    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), 8 * a.size()) == 0);
+}
+bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+bool sameBits(const api::Vector& a, const api::Vector& b) { return sameBits(a.mData, b.mData); }
+bool sameBits(const api::Matrix& a, const api::Matrix& b) {
+    if (a.mData.size() != b.mData.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < a.mData.size(); ++i) {
+        if (!sameBits(a.mData[i], b.mData[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+template <class State>
+bool sameBits(const State& a, const State& b) {
+    return a.mPrivate == b.mPrivate;
+}
+
+template <std::size_t slot, class Result, class... Arguments>
+void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>& operation, States& states,
+          Bytes& bytes) {
+    const std::uint8_t choice = bytes.byte();
+    std::tuple<Held<Arguments>...> arguments;
+    std::size_t bit = 2;
+    std::apply([&](auto&... held) { (held.choose(states, (choice >> bit++) & 1U, bytes), ...); }, arguments);
+
+    const auto invoke = [&](Result& result) {
+        std::apply([&](const auto&... held) { (service.*operation.member)(result, held.get()...); }, arguments);
+    };
+    const bool fails = mustFail<slot, Arguments...>(arguments);
+
+    // Before the call that writes into the pool, since its arguments may lie in what it writes.
+    Result fresh;
+    const bool twice = (choice & 2U) != 0;
+    if (twice) {
+        invoke(fresh);
+    }
+
+    Result& result = states.change<Result>(choice & 1U);
+    const qel::api::base::ServiceResult before = result.mResult;
+    invoke(result);
+    const qel::api::base::ServiceResult& after = result.mResult;
+    if (fails) {
+        require(after.mError == failureCode(slot), "a failed call sets its code");
+        require(after.__isset.mMessage && after.mMessage == failureText(slot, operation.name),
+                "a failed call sets its message");
+    } else if (resetsOutcome(slot)) {
+        require(after.mError == 0 && after.mMessage.empty(), "a getter resets the outcome");
+    } else {
+        require(after.mError == before.mError && after.mMessage == before.mMessage,
+                "a successful call leaves the outcome alone");
+    }
+    if (!fails) {
+        requireWritten(result.mValue);
+    }
+    if (twice) {
+        require((fresh.mResult.mError != 0) == fails, "a fresh result fails with a used one");
+        require(fails || sameBits(fresh.mValue, result.mValue), "a fresh result gets the bits that a used one gets");
+    }
+    result.mResult.mError = 0;
+    result.mResult.mMessage.clear();
+    result.mResult.__isset.mMessage = false;
+}
+
+using Call = void (*)(api::CameraAPIIf&, States&, Bytes&);
+
+constexpr auto calls = []<std::size_t... slot>(std::index_sequence<slot...>) {
+    return std::array<Call, sizeof...(slot)>{[](api::CameraAPIIf& service, States& states, Bytes& bytes) {
+        call<slot>(service, std::get<slot>(api::operations), states, bytes);
+    }...};
+}
+(std::make_index_sequence<operationCount>());
+
+void identify(api::CameraAPIIf& service, std::uint8_t which) {
+    qel::api::base::StringResult result;
+    result.mResult.mError = -1;
+    switch (which % 3) {
+    case 0: service.getComponentName(result); break;
+    case 1: service.getComponentVariant(result); break;
+    default: service.getComponentVersion(result); break;
+    }
+    static const std::array<std::string, 3> answers{"CameraAPI", "", CAMERA_COMPONENT_VERSION};
+    require(result.mResult.mError == 0 && result.mValue == answers[which % 3], "the component says who it is");
+}
+
+/// Changes one of the images: a number, single bytes, its length, or all of it for another state's.
+void forge(States& states, Bytes& bytes) {
+    const std::uint8_t choice = bytes.byte();
+    std::string& image = states.changeImage(choice % 8);
+    switch (choice / 8 % 4) {
+    case 0: {
+        const std::size_t offset = 8 * (bytes.byte() % 135);
+        const double value = number(bytes);
+        if (image.size() >= offset + 8) {
+            std::memcpy(image.data() + offset, &value, sizeof value);
+        }
+        break;
+    }
+    case 1: {
+        const std::size_t offset = bytes.word(2);
+        if (offset < image.size()) {
+            image[offset] = static_cast<char>(bytes.byte());
+        }
+        break;
+    }
+    case 2: image.resize(bytes.word(2) % 1200, static_cast<char>(bytes.byte())); break;
+    default: {
+        image = std::string(states.image(bytes.byte() % 8));
+        break;
+    }
+    }
+}
+
+/// As the factory made it; lives as long as the process.
+api::CameraAPIIf& theService() {
+    static const std::unique_ptr<qel::api::base::BaseAPIIf> instance(createComponentInstance());
+    static auto* const service = dynamic_cast<api::CameraAPIIf*>(instance.get());
+    require(service != nullptr, "the factory makes a camera service");
+    return *service;
+}
+
+} // namespace
+
+} // namespace camera::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace camera::fuzz;
+    api::CameraAPIIf& service = theService();
+    static const States pristine = defaultStates(service);
+    static States states;
+    states.restore(pristine);
+
+    Bytes bytes(data, size);
+    for (std::size_t step = 0; step < mostSteps && !bytes.empty(); ++step) {
+        const std::uint8_t what = bytes.byte();
+        if (what < operationCount) {
+            calls[what](service, states, bytes);
+        } else if (what < 2 * operationCount) {
+            calls[what - operationCount](service, states, bytes);
+        } else if (what < 164) {
+            identify(service, what);
+        } else {
+            forge(states, bytes);
+        }
+    }
+    return 0;
+}
