@@ -5,7 +5,8 @@
 
 namespace qel::api::base {
 
-/// What every component answers: who it is. No operation throws.
+/// What every component answers: who it is. No operation throws. A failed call sets the error code and a message;
+/// where there is no memory even for the message, the code alone is set and the message is cleared, its set-flag down.
 ///
 /// The host owns a component instance and destroys it with `delete` through this interface, before it unloads
 /// the module that made it.

@@ -23,8 +23,9 @@ namespace qel::api::camera {
 /// and the message "Call to <operation>() failed.", unless the operation names others. A call fails when a
 /// state's `mPrivate` is shorter than its image (view 384 bytes, projection 336, surface 336, planar camera
 /// 1080), when a Vector holds fewer than 3 values, a Quaternion fewer than 4 or a Matrix fewer than 4 rows of
-/// 4, or when memory runs out; what is longer is read from its beginning. The value is a valid record even
-/// so, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
+/// 4, or when memory runs out; what is longer is read from its beginning. Where there is no memory even for
+/// the message, the code alone is set and the message is cleared, its set-flag down. The value is a valid
+/// record even so, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
 /// result record that is used again keeps an older error until the host resets it; the three projection
 /// getters and the three identity operations alone set it to success.
 ///

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+
+namespace qel::test {
+
+/// Makes allocations of this thread fail, in this program and in the modules that it loads, while it lives: the one
+/// numbered `first` (from 1), or that one and all after it. Counts what is allocated, and what is not given back.
+///
+/// Every form of operator new is replaced; where no sanitizer does so already, malloc too, so that the memory for a
+/// thrown exception runs out with the rest.
+class Allocations {
+public:
+    enum class Fail { none, one, allFrom };
+
+    explicit Allocations(Fail fail = Fail::none, std::size_t first = 0);
+    ~Allocations();
+    Allocations(const Allocations&) = delete;
+    Allocations& operator=(const Allocations&) = delete;
+
+    /// Stops failing and counting; the destructor does so too.
+    void stop();
+
+    [[nodiscard]] std::size_t asked() const;  ///< how often memory was asked for, with or without success
+    [[nodiscard]] std::size_t failed() const; ///< how often in vain
+};
+
+/// The blocks from operator new that this process holds.
+[[nodiscard]] std::ptrdiff_t heldBlocks();
+
+} // namespace qel::test

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <tuple>
+
+#include <qel/api/base/BaseAPIIf.h>
+
+#include "Allocations.h"
+#include "support/Calls.h"
+#include "support/LoadedModule.h"
+#include "support/RecordFields.h"
+#include "support/Samples.h"
+#include "support/Slots.h"
+
+namespace qel::api::camera::test {
+
+namespace {
+
+using Fail = qel::test::Allocations::Fail;
+using qel::test::Allocations;
+using qel::test::heldBlocks;
+
+// Every operation of the module that ships, with its 1st, 2nd, 3rd ... allocation failing until it passes.
+
+constexpr std::size_t mostAllocations = 1000; ///< no operation comes near it; a loop that never passes ends here
+
+/// A call that no longer runs out of memory has the given number of allocations.
+template <class Call>
+std::size_t allocationsOf(const Call& call) {
+    const Allocations allocations;
+    call();
+    return allocations.asked();
+}
+
+/// A failed call's outcome while memory was short only for a moment: the message had its memory.
+void expectMessage(const base::ServiceResult& outcome, const std::int32_t code, const char* message) {
+    EXPECT_EQ(outcome.mError, code);
+    EXPECT_TRUE(outcome.__isset.mError);
+    EXPECT_EQ(outcome.mMessage, message);
+    EXPECT_TRUE(outcome.__isset.mMessage);
+}
+
+/// A failed call's outcome when there was no memory left for the message either.
+void expectCodeAlone(const base::ServiceResult& outcome, const std::int32_t code) {
+    EXPECT_EQ(outcome.mError, code);
+    EXPECT_TRUE(outcome.__isset.mError);
+    EXPECT_EQ(outcome.mMessage, "");
+    EXPECT_FALSE(outcome.__isset.mMessage);
+}
+
+class MemoryRunsOut : public ::testing::Test {
+protected:
+    /// Fails every allocation of a call in turn. `start` makes the result record that each call begins with.
+    template <class OperationType, class Start>
+    std::size_t exhaust(const std::size_t slot, const OperationType& operation, const Fail fail, const Start& start) {
+        const auto arguments = mSamples.argumentsOf(operation);
+        const std::string expected = fingerprint(callAfresh(*mService, operation, arguments).mValue);
+        for (std::size_t n = 1; n <= mostAllocations; ++n) {
+            SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
+            const std::ptrdiff_t before = heldBlocks();
+            bool passed = false;
+            {
+                auto result = start();
+                Allocations allocations(fail, n);
+                call(*mService, operation, result, arguments); // an exception here would end the test
+                allocations.stop();
+                passed = allocations.failed() == 0;
+                if (!passed) {
+                    fail == Fail::one ? expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage)
+                                      : expectCodeAlone(result.mResult, failureCode(slot));
+                    const auto copy = result; // touches all that the payload holds
+                    EXPECT_EQ(fingerprint(copy), fingerprint(result));
+                    result.mResult = base::ServiceResult();
+                    call(*mService, operation, result, arguments);
+                }
+                EXPECT_EQ(result.mResult.mError, 0);
+                EXPECT_EQ(fingerprint(result.mValue), expected) << "the same call right after";
+            }
+            EXPECT_EQ(heldBlocks(), before) << "blocks held";
+            if (passed || HasFailure()) {
+                return n - 1;
+            }
+        }
+        ADD_FAILURE() << operation.name << " never passes";
+        return 0;
+    }
+
+    LoadedService mService;
+    Samples mSamples{*mService};
+};
+
+TEST_F(MemoryRunsOut, HookReachesIntoTheModule) {
+    ViewStateResult result;
+    const std::size_t allocations = allocationsOf([&] { mService->viewCreateDefault(result); });
+    EXPECT_GT(allocations, 10U) << "lists and an image were made inside the module";
+    EXPECT_EQ(allocationsOf([&] { mService->viewCreateDefault(result); }), 0U) << "and are used again";
+}
+
+TEST_F(MemoryRunsOut, FreshResultGetsCodeAndMessage) {
+    std::size_t failures = 0;
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        failures += exhaust(slot, operation, Fail::one, [] { return ResultOf<decltype(operation)>(); });
+    });
+    EXPECT_GT(failures, 79U * 4U) << "most operations allocate";
+}
+
+TEST_F(MemoryRunsOut, FreshResultGetsTheCodeAloneWhereNothingIsLeftForTheMessage) {
+    std::size_t failures = 0;
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        failures += exhaust(slot, operation, Fail::allFrom, [] { return ResultOf<decltype(operation)>(); });
+    });
+    EXPECT_GT(failures, 79U * 4U) << "most operations allocate";
+}
+
+TEST_F(MemoryRunsOut, UsedResultNeedsNoMemoryAtAll) {
+    std::size_t failures = 0;
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        const auto used = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
+        failures += exhaust(slot, operation, Fail::allFrom, [&] { return used; });
+    });
+    EXPECT_EQ(failures, 0U);
+}
+
+TEST_F(MemoryRunsOut, ResultPartlyWrittenBeforeIsCompletedOrLeftValid) {
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        // Every list of the payload one too short, so that each grows again.
+        auto shrunk = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
+        std::vector<Matrix*> matrices;
+        collectParts(shrunk.mValue, matrices);
+        for (Matrix* matrix : matrices) {
+            matrix->mData = std::vector<std::vector<double>>(2, std::vector<double>(1));
+        }
+        std::vector<Vector*> vectors;
+        collectParts(shrunk.mValue, vectors);
+        for (Vector* vector : vectors) {
+            vector->mData = std::vector<double>(1);
+        }
+        exhaust(slot, operation, Fail::one, [&] { return shrunk; });
+        exhaust(slot, operation, Fail::allFrom, [&] { return shrunk; });
+    });
+}
+
+TEST_F(MemoryRunsOut, OlderMessageIsNotTakenForTheNewFailures) {
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        SCOPED_TRACE(operation.name);
+        ResultOf<decltype(operation)> result;
+        result.mResult = olderError();
+        const auto arguments = mSamples.argumentsOf(operation);
+        Allocations allocations(Fail::allFrom, 1);
+        call(*mService, operation, result, arguments);
+        allocations.stop();
+        if (allocations.failed() != 0) {
+            expectCodeAlone(result.mResult, failureCode(slot));
+        }
+    });
+}
+
+TEST_F(MemoryRunsOut, CallThatFailsAnywayKeepsItsCodeWhateverElseFails) {
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        auto arguments = mSamples.argumentsOf(operation);
+        forEachArgument(arguments, [](auto& argument) {
+            if constexpr (requires { argument.mPrivate; }) {
+                argument.mPrivate.clear();
+            } else if constexpr (requires { argument.mData; }) {
+                argument.mData.clear();
+            }
+        });
+        if (callAfresh(*mService, operation, arguments).mResult.mError == 0) {
+            return; // nothing among its arguments can be too short
+        }
+        for (const Fail fail : {Fail::one, Fail::allFrom}) {
+            for (std::size_t n = 1; n <= mostAllocations; ++n) {
+                SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
+                ResultOf<decltype(operation)> result;
+                Allocations allocations(fail, n);
+                call(*mService, operation, result, arguments);
+                allocations.stop();
+                if (result.mResult.__isset.mMessage) {
+                    expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage);
+                } else {
+                    EXPECT_NE(allocations.failed(), 0U);
+                    expectCodeAlone(result.mResult, failureCode(slot));
+                }
+                EXPECT_EQ(fingerprint(result.mValue), fingerprint(ResultOf<decltype(operation)>().mValue))
+                    << "nothing was written";
+                if (allocations.failed() == 0) {
+                    break;
+                }
+            }
+        }
+    });
+}
+
+TEST_F(MemoryRunsOut, IdentityNeedsNoMemory) {
+    // The texts are short enough to live inside the record.
+    for (const auto identify : {&base::BaseAPIIf::getComponentName, &base::BaseAPIIf::getComponentVariant,
+                                &base::BaseAPIIf::getComponentVersion}) {
+        base::StringResult result;
+        result.mResult = olderError();
+        Allocations allocations(Fail::allFrom, 1);
+        ((*mService).*identify)(result);
+        allocations.stop();
+        EXPECT_EQ(allocations.asked(), 0U);
+        EXPECT_EQ(result.mResult.mError, 0);
+    }
+}
+
+TEST_F(MemoryRunsOut, FactoryReturnsNull) {
+    const std::ptrdiff_t before = heldBlocks();
+    {
+        Allocations allocations(Fail::one, 1);
+        const std::unique_ptr<base::BaseAPIIf> none = mService.module().create();
+        allocations.stop();
+        EXPECT_EQ(none, nullptr);
+        EXPECT_EQ(allocations.asked(), 1U) << "one allocation makes an instance";
+        EXPECT_NE(mService.module().create(), nullptr) << "right after";
+    }
+    EXPECT_EQ(heldBlocks(), before);
+}
+
+} // namespace
+
+} // namespace qel::api::camera::test
