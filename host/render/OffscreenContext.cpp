@@ -38,8 +38,7 @@ struct OffscreenContext::Handles {
         if (context != EGL_NO_CONTEXT) {
             eglDestroyContext(display, context);
         }
-        eglTerminate(display);
-        eglReleaseThread();
+        // The display is the process's, and EGL does not count who uses it: to end it would end every other context.
     }
 };
 

@@ -14,7 +14,7 @@ public:
 
 /// An OpenGL 3.3 core context without a window, a display or a graphics card: Mesa's surfaceless platform with its
 /// software renderer, so that pictures are the same on every machine (LIBGL_ALWAYS_SOFTWARE=0 in the environment
-/// lets a card draw). Current on the thread that made it, which is the one to use and destroy it.
+/// lets a card draw). Current on the thread that made it, which uses and destroys it and has one at a time.
 class OffscreenContext {
 public:
     /// Throws GraphicsError where there is no such driver.

@@ -54,6 +54,31 @@ bool isFinite(const aiVector3D& vector) {
     return std::isfinite(vector.x) && std::isfinite(vector.y) && std::isfinite(vector.z);
 }
 
+/// The processing steps of assimp trust what its readers made of the file, so this is looked at before.
+void requireSound(const aiScene& scene, const std::filesystem::path& file) {
+    bool hasTriangles = false;
+    for (unsigned int i = 0; i < scene.mNumMeshes; ++i) {
+        const aiMesh& part = *scene.mMeshes[i];
+        for (unsigned int k = 0; k < part.mNumVertices; ++k) {
+            if (!isFinite(part.mVertices[k])) {
+                throw ModelError(file, "the model has a coordinate that is not a finite number");
+            }
+        }
+        for (unsigned int k = 0; k < part.mNumFaces; ++k) {
+            const aiFace& face = part.mFaces[k];
+            hasTriangles = hasTriangles || face.mNumIndices >= 3;
+            for (unsigned int corner = 0; corner < face.mNumIndices; ++corner) {
+                if (face.mIndices[corner] >= part.mNumVertices) {
+                    throw ModelError(file, "a face of the model names a vertex that does not exist");
+                }
+            }
+        }
+    }
+    if (!hasTriangles) {
+        throw ModelError(file, "the model has no triangles");
+    }
+}
+
 void append(Mesh& mesh, const aiMesh& part, const std::filesystem::path& file) {
     if (mesh.positions.size() + part.mNumVertices > std::numeric_limits<std::uint32_t>::max()) {
         throw ModelError(file, "the model has more vertices than can be counted");
@@ -61,9 +86,6 @@ void append(Mesh& mesh, const aiMesh& part, const std::filesystem::path& file) {
     const auto first = static_cast<std::uint32_t>(mesh.positions.size());
     for (unsigned int i = 0; i < part.mNumVertices; ++i) {
         const aiVector3D& position = part.mVertices[i];
-        if (!isFinite(position)) {
-            throw ModelError(file, "the model has a coordinate that is not a finite number");
-        }
         mesh.positions.push_back({position.x, position.y, position.z});
         aiVector3D normal = part.HasNormals() ? part.mNormals[i] : aiVector3D();
         const float size = isFinite(normal) ? normal.Length() : 0.0F;
@@ -76,9 +98,6 @@ void append(Mesh& mesh, const aiMesh& part, const std::filesystem::path& file) {
             continue;
         }
         for (unsigned int k = 0; k < 3; ++k) {
-            if (face.mIndices[k] >= part.mNumVertices) {
-                throw ModelError(file, "a face of the model names a vertex that does not exist");
-            }
             mesh.triangles.push_back(first + face.mIndices[k]);
         }
     }
@@ -103,12 +122,16 @@ Mesh loadMesh(const std::filesystem::path& file) {
     Assimp::Importer importer;
     importer.SetPropertyFloat(AI_CONFIG_PP_GSN_MAX_SMOOTHING_ANGLE, creaseAngleInDegrees);
     importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
-    const aiScene* scene = importer.ReadFile(file.string(), aiProcess_Triangulate | aiProcess_GenSmoothNormals |
-                                                                aiProcess_JoinIdenticalVertices |
-                                                                aiProcess_PreTransformVertices | aiProcess_SortByPType);
-    if (scene == nullptr) {
-        throw ModelError(file, "cannot be read as a model: " + oneLine(importer.GetErrorString()));
-    }
+    const auto require = [&](const aiScene* scene) {
+        if (scene == nullptr) {
+            throw ModelError(file, "cannot be read as a model: " + oneLine(importer.GetErrorString()));
+        }
+        return scene;
+    };
+    requireSound(*require(importer.ReadFile(file.string(), 0)), file);
+    const aiScene* scene = require(importer.ApplyPostProcessing(
+        aiProcess_Triangulate | aiProcess_GenSmoothNormals | aiProcess_JoinIdenticalVertices |
+        aiProcess_PreTransformVertices | aiProcess_SortByPType));
 
     Mesh mesh;
     for (unsigned int i = 0; i < scene->mNumMeshes; ++i) {
@@ -118,8 +141,12 @@ Mesh loadMesh(const std::filesystem::path& file) {
         throw ModelError(file, "the model has no triangles");
     }
     mesh.box = boxAround(mesh);
+    // The parts' own placement may have made infinities of what was finite in the file.
+    if (!std::isfinite(length(mesh.box.size()))) {
+        throw ModelError(file, "the model is too large for its numbers");
+    }
     if (!(length(mesh.box.size()) > smallestDiagonal)) {
-        throw ModelError(file, "the model has no extent: all of it lies in one point");
+        throw ModelError(file, "the model has no extent: all of it lies in one point, or nearly so");
     }
     return mesh;
 }

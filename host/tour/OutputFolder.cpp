@@ -103,15 +103,13 @@ void OutputFolder::publish() {
         return;
     }
     try {
-        publishFiles();
+        publishFileByFile();
     } catch (const fs::filesystem_error& error) {
         fail(mTarget, "cannot be written: " + error.code().message());
     }
 }
 
-/// For file systems that exchange no folders, and for a target that is a mount point: everything is copied beside its
-/// final name first, so that what can run out of space does so before the first file is replaced.
-void OutputFolder::publishFiles() {
+void OutputFolder::publishFileByFile() {
     fs::create_directories(mTarget);
     const auto hidden = [&](const fs::path& name) {
         return mTarget / std::string(".").append(name.string()).append(".part");

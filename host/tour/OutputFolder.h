@@ -25,12 +25,14 @@ public:
 
     /// Where to write until then.
     [[nodiscard]] const std::filesystem::path& folder() const { return mFolder; }
-    /// Puts the files written into place of those of an earlier tour.
+    /// Puts the folder into the place of an earlier tour's.
     void publish();
+    /// The same without exchanging folders, which publish() falls back to: for file systems that cannot, and for a
+    /// target that is a mount point. Everything is copied beside its final name first, so that what can run out of
+    /// space does so before the first file is replaced.
+    void publishFileByFile();
 
 private:
-    void publishFiles();
-
     std::filesystem::path mTarget;
     std::filesystem::path mFolder;
 };

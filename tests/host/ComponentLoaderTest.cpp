@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include <dlfcn.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <qel/host/ComponentLoader.h>
+
+#include "TemporaryFolder.h"
+
+namespace qel::host {
+namespace {
+
+using test::TemporaryFolder;
+using ::testing::HasSubstr;
+
+static_assert(std::is_nothrow_move_constructible_v<ComponentLoader>);
+static_assert(std::is_nothrow_move_assignable_v<ComponentLoader>);
+static_assert(!std::is_copy_constructible_v<ComponentLoader>);
+static_assert(!std::is_copy_assignable_v<ComponentLoader>);
+static_assert(!std::is_convertible_v<std::filesystem::path, ComponentLoader>);
+
+const std::filesystem::path module = CAMERA_MODULE;
+const std::filesystem::path fixtures = CAMERA_FIXTURES;
+
+bool isMapped(const std::filesystem::path& file) {
+    if (void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NOLOAD)) {
+        dlclose(handle);
+        return true;
+    }
+    return false;
+}
+
+/// The error of loading a file that cannot be loaded.
+std::optional<LoadError> errorOf(const std::filesystem::path& file) {
+    try {
+        const ComponentLoader loader(file);
+    } catch (const LoadError& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+std::string nameOf(const ComponentLoader& loader) {
+    api::base::StringResult result;
+    loader.base().getComponentName(result);
+    return result.mValue;
+}
+
+/// A module file of its own for a test, so that it is mapped apart from the others.
+std::filesystem::path copyOfModule(const TemporaryFolder& folder, const std::string& name) {
+    std::filesystem::copy_file(module, folder / name);
+    return folder / name;
+}
+
+TEST(ComponentLoader, GivesTheServicesOfTheModule) {
+    const ComponentLoader loader(module);
+    EXPECT_EQ(nameOf(loader), "CameraAPI");
+    api::camera::PlanarCameraStateResult camera;
+    loader.camera().planarCameraCreateDefault(camera);
+    EXPECT_EQ(camera.mResult.mError, 0);
+    EXPECT_EQ(camera.mValue.mSurfaceState.mResolutionX, 640.0);
+}
+
+TEST(ComponentLoader, UnloadsTheModuleAtItsEnd) {
+    ASSERT_FALSE(isMapped(module)) << "the test must not link the module";
+    {
+        const ComponentLoader loader(module);
+        api::camera::PlanarCameraStateResult camera;
+        loader.camera().planarCameraCreateDefault(camera);
+        EXPECT_TRUE(isMapped(module));
+    }
+    EXPECT_FALSE(isMapped(module));
+}
+
+TEST(ComponentLoader, FindsAModuleInTheCurrentFolder) {
+    const TemporaryFolder folder;
+    copyOfModule(folder, "Camera.so");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    EXPECT_FALSE(errorOf("Camera.so"));
+    std::filesystem::current_path(before);
+}
+
+TEST(ComponentLoader, TwoOfOneFileShareItUntilTheLastIsGone) {
+    std::optional<ComponentLoader> first(std::in_place, module);
+    const ComponentLoader second(module);
+    EXPECT_NE(&first->camera(), &second.camera());
+    first.reset();
+    EXPECT_TRUE(isMapped(module));
+    EXPECT_EQ(nameOf(second), "CameraAPI");
+}
+
+TEST(ComponentLoader, TwoOfDifferentFilesLiveTogether) {
+    const TemporaryFolder folder;
+    const auto other = copyOfModule(folder, "Other.so");
+    std::optional<ComponentLoader> first(std::in_place, module);
+    const ComponentLoader second(other);
+    api::camera::PlanarCameraStateResult a;
+    api::camera::PlanarCameraStateResult b;
+    first->camera().planarCameraCreateDefault(a);
+    second.camera().planarCameraUpdateWindowSize(b, a.mValue, 800, 600); // a state of one is a state of the other
+    EXPECT_EQ(b.mResult.mError, 0);
+    EXPECT_EQ(b.mValue.mSurfaceState.mResolutionX, 800.0);
+    first.reset();
+    EXPECT_FALSE(isMapped(module));
+    EXPECT_EQ(nameOf(second), "CameraAPI");
+}
+
+TEST(ComponentLoader, IsMovedWithTheServicesWhereTheyAre) {
+    ComponentLoader source(module);
+    const auto* camera = &source.camera();
+    const ComponentLoader target(std::move(source));
+    EXPECT_EQ(&target.camera(), camera);
+    EXPECT_EQ(nameOf(target), "CameraAPI");
+}
+
+TEST(ComponentLoader, DeletesItsInstanceBeforeItsModuleWhenItIsAssigned) {
+    const TemporaryFolder folder;
+    const auto other = copyOfModule(folder, "Other.so");
+    ComponentLoader target(module);
+    ComponentLoader source(other);
+    target = std::move(source); // the old instance's destructor is code of the old module
+    EXPECT_FALSE(isMapped(module));
+    EXPECT_TRUE(isMapped(other));
+    EXPECT_EQ(nameOf(target), "CameraAPI");
+}
+
+TEST(ComponentLoader, SurvivesAssignmentToItself) {
+    ComponentLoader loader(module);
+    ComponentLoader& same = loader;
+    loader = std::move(same);
+    EXPECT_EQ(nameOf(loader), "CameraAPI");
+}
+
+TEST(ComponentLoader, TellsAMissingFile) {
+    const auto error = errorOf("/nowhere/CameraLibrary.so");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::missingFile);
+    EXPECT_STREQ(error->what(), "/nowhere/CameraLibrary.so: no such file");
+}
+
+TEST(ComponentLoader, TellsAFileThatIsNoModule) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("Text.so", "These are words.\n");
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::notAModule);
+    EXPECT_THAT(error->what(), HasSubstr(file.string() + ": cannot be loaded: "));
+}
+
+TEST(ComponentLoader, TellsAFolder) {
+    const TemporaryFolder folder;
+    const auto error = errorOf(folder.path());
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::notAModule);
+}
+
+TEST(ComponentLoader, TellsAModuleWithoutTheFactory) {
+    const auto file = fixtures / "NoFactory.so";
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::missingSymbol);
+    EXPECT_EQ(error->what(), file.string() + ": does not export createComponentInstance");
+    EXPECT_FALSE(isMapped(file));
+}
+
+TEST(ComponentLoader, TellsAFactoryThatReturnsNull) {
+    const auto file = fixtures / "NullInstance.so";
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::noInstance);
+    EXPECT_EQ(error->what(), file.string() + ": the factory returned no instance");
+    EXPECT_FALSE(isMapped(file));
+}
+
+TEST(ComponentLoader, TellsAFactoryThatThrowsWithoutKeepingTheModule) {
+    const auto file = fixtures / "ThrowingFactory.so";
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::noInstance);
+    EXPECT_EQ(error->what(), file.string() + ": the factory threw: the fixture's own words");
+    EXPECT_FALSE(isMapped(file));
+}
+
+TEST(ComponentLoader, TellsAComponentThatIsNoCamera) {
+    const auto file = fixtures / "OtherComponent.so";
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), LoadError::Reason::wrongInterface);
+    EXPECT_EQ(error->what(), file.string() + ": the component offers no camera service");
+    EXPECT_FALSE(isMapped(file));
+}
+
+} // namespace
+} // namespace qel::host

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: Apache-2.0
+// Runs the program itself, as a person does.
+#include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <sys/wait.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ModelFiles.h"
+#include "SeenPicture.h"
+#include "TemporaryFolder.h"
+#include "Tour.h"
+
+namespace qel::host::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct Outcome {
+    int exitCode;
+    std::string output;
+    std::string errors;
+};
+
+std::string quoted(const std::string& text) { return "'" + text + "'"; }
+
+Outcome run(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
+            const std::string& environment = "") {
+    std::string command = environment + " " + quoted(CAMERA_PROGRAM);
+    for (const std::string& argument : arguments) {
+        command += " " + quoted(argument);
+    }
+    command += " >" + quoted(folder / "stdout") + " 2>" + quoted(folder / "stderr") + " </dev/null";
+    const int status = std::system(command.c_str());
+    if (!WIFEXITED(status)) {
+        throw std::runtime_error("the program ended by a signal: " + readText(folder / "stderr"));
+    }
+    return {WEXITSTATUS(status), readText(folder / "stdout"), readText(folder / "stderr")};
+}
+
+/// Exit code 1, and one line of errors that names the program first; nothing else was said.
+void expectOneLine(const Outcome& outcome, const std::string& part) {
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, StartsWith("camera: "));
+    EXPECT_THAT(outcome.errors, HasSubstr(part));
+    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+    EXPECT_EQ(outcome.output, "");
+}
+
+const std::string teapot = CAMERA_MODELS "/teapot.obj";
+
+TEST(Program, DrawsATourWithTheModuleItFindsByItself) {
+    const TemporaryFolder folder;
+    const Outcome outcome = run(folder, {"tour", teapot, "--out", folder / "out", "--size", "240x160"});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_THAT(outcome.output, StartsWith(" 1/31 The default camera\n 2/31 The window gets its size\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("31 pictures and their page: " + (folder / "out/index.html").string()));
+    EXPECT_EQ(contentOf(folder / "out").size(), 32U);
+    EXPECT_EQ(SeenPicture(folder / "out/08-isometric.png").width(), 240);
+}
+
+class ProgramFormat : public ::testing::TestWithParam<ModelFile> {};
+
+INSTANTIATE_TEST_SUITE_P(Good, ProgramFormat, ::testing::ValuesIn(goodModels()),
+                         [](const auto& parameter) { return parameter.param.test; });
+
+TEST_P(ProgramFormat, IsDrawn) {
+    const TemporaryFolder folder;
+    const auto file = folder.write(GetParam().name, GetParam().content);
+    const Outcome outcome = run(folder, {"tour", file, "--out", folder / "out", "--size", "96x64"});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_GT(SeenPicture(folder / "out/05-from-x.png").countModel(), 1000);
+}
+
+class ProgramWithBrokenModel : public ::testing::TestWithParam<ModelFile> {};
+
+INSTANTIATE_TEST_SUITE_P(Broken, ProgramWithBrokenModel, ::testing::ValuesIn(brokenModels()),
+                         [](const auto& parameter) { return parameter.param.test; });
+
+TEST_P(ProgramWithBrokenModel, SaysSoInOneLineAndLeavesEarlierOutput) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "out");
+    folder.write("out/01-earlier.png", "earlier");
+    const auto file = folder.write(GetParam().name, GetParam().content);
+    expectOneLine(run(folder, {"tour", file, "--out", folder / "out"}), file.string() + ": ");
+    EXPECT_EQ(contentOf(folder / "out"), (std::map<std::string, std::string>{{"01-earlier.png", "earlier"}}));
+}
+
+TEST(Program, TellsAMissingModelAndMakesNoFolder) {
+    const TemporaryFolder folder;
+    expectOneLine(run(folder, {"tour", folder / "none.obj", "--out", folder / "new/out"}), "none.obj: no such file");
+    EXPECT_FALSE(std::filesystem::exists(folder / "new"));
+}
+
+TEST(Program, TellsAMissingModule) {
+    const TemporaryFolder folder;
+    expectOneLine(run(folder, {"tour", teapot, "--out", folder / "out", "--module", folder / "none.so"}),
+                  "none.so: no such file");
+}
+
+TEST(Program, TellsAFolderThatIsNotItsOwn) {
+    const TemporaryFolder folder;
+    folder.write("notes.txt", "mine");
+    expectOneLine(run(folder, {"tour", teapot, "--out", folder.path()}), "holds what no tour made");
+    EXPECT_EQ(readText(folder / "notes.txt"), "mine");
+}
+
+TEST(Program, TellsAWindowThatCannotBeDrawn) {
+    const TemporaryFolder folder;
+    for (const char* size : {"0x640", "960x100000", "-5x640"}) {
+        expectOneLine(run(folder, {"tour", teapot, "--out", folder / "out", "--size", size}),
+                      "a window has sides of 64 to 4096 pixels");
+    }
+}
+
+// An EGL that finds no driver of any maker.
+TEST(Program, TellsThatThereIsNoDriver) {
+    const TemporaryFolder folder;
+    expectOneLine(run(folder, {"tour", teapot, "--out", folder / "out"}, "__EGL_VENDOR_LIBRARY_DIRS=/nowhere"),
+                  "no OpenGL driver: ");
+    EXPECT_FALSE(std::filesystem::exists(folder / "out"));
+}
+
+TEST(Program, TellsItsUsage) {
+    const TemporaryFolder folder;
+    const Outcome outcome = run(folder, {"tour", "--help"});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("MODEL"));
+    EXPECT_THAT(outcome.output, HasSubstr("--module"));
+    EXPECT_EQ(run(folder, {}).exitCode, 2);
+    EXPECT_EQ(run(folder, {"tour"}).exitCode, 2);
+    const Outcome malformed = run(folder, {"tour", teapot, "--size", "large"});
+    EXPECT_EQ(malformed.exitCode, 2);
+    EXPECT_THAT(malformed.errors, HasSubstr("wants WIDTHxHEIGHT in pixels"));
+}
+
+TEST(Program, TellsItsVersion) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(run(folder, {"--version"}).output, "camera " CAMERA_VERSION "\n");
+}
+
+// A tour that ends half-way, as by Ctrl-C or a full disk.
+TEST(InterruptedTour, LeavesEarlierOutputAndNothingElse) {
+    const TemporaryFolder folder;
+    TourOptions options;
+    options.model = teapot;
+    options.output = folder / "out";
+    options.module = CAMERA_MODULE;
+    options.width = 96;
+    options.height = 64;
+    runTour(options, [](std::size_t, std::size_t, std::string_view) {});
+    const auto before = contentOf(folder / "out");
+    options.model = CAMERA_MODELS "/bunny.obj";
+    const Progress stopAtTen = [](std::size_t number, std::size_t, std::string_view) {
+        if (number == 10) {
+            throw std::runtime_error("enough");
+        }
+    };
+    EXPECT_THROW(runTour(options, stopAtTen), std::runtime_error);
+    EXPECT_TRUE(contentOf(folder / "out") == before);
+    EXPECT_EQ(contentOf(folder.path()).size(), 1U);
+}
+
+} // namespace
+} // namespace qel::host::test

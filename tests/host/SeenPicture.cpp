@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SeenPicture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+
+#include <png.h>
+
+namespace qel::host::test {
+namespace {
+
+bool isModel(const std::uint8_t* pixel) { return pixel[0] > pixel[2] + 16; }
+
+bool isColour(const std::uint8_t* pixel, Colour colour) {
+    constexpr float tolerance = 12.0F;
+    return std::abs(static_cast<float>(pixel[0]) - colour.red) < tolerance &&
+           std::abs(static_cast<float>(pixel[1]) - colour.green) < tolerance &&
+           std::abs(static_cast<float>(pixel[2]) - colour.blue) < tolerance;
+}
+
+} // namespace
+
+SeenPicture::SeenPicture(const std::filesystem::path& file) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_file(&image, file.c_str()) == 0) {
+        throw std::runtime_error(file.string() + ": " + image.message);
+    }
+    image.format = PNG_FORMAT_RGBA;
+    mPicture.width = static_cast<int>(image.width);
+    mPicture.height = static_cast<int>(image.height);
+    mPicture.bytes.resize(PNG_IMAGE_SIZE(image));
+    if (png_image_finish_read(&image, nullptr, mPicture.bytes.data(), 0, nullptr) == 0) {
+        throw std::runtime_error(file.string() + ": " + image.message);
+    }
+}
+
+template <class Wanted>
+std::optional<Extents> SeenPicture::extents(const Wanted& wanted) const {
+    Extents result{std::numeric_limits<int>::max(), -1, std::numeric_limits<int>::max(), -1};
+    for (int row = 0; row < height(); ++row) {
+        for (int column = 0; column < width(); ++column) {
+            if (wanted(mPicture.at(column, row))) {
+                const int y = height() - 1 - row;
+                result = {std::min(result.left, column), std::max(result.right, column), std::min(result.bottom, y),
+                          std::max(result.top, y)};
+            }
+        }
+    }
+    return result.right < 0 ? std::nullopt : std::optional(result);
+}
+
+int SeenPicture::countModel() const {
+    int count = 0;
+    for (std::size_t i = 0; i < mPicture.bytes.size(); i += 4) {
+        count += isModel(mPicture.bytes.data() + i) ? 1 : 0;
+    }
+    return count;
+}
+
+std::optional<Extents> SeenPicture::modelExtents() const { return extents(isModel); }
+
+std::optional<Extents> SeenPicture::extentsOf(Colour colour) const {
+    return extents([&](const std::uint8_t* pixel) { return isColour(pixel, colour); });
+}
+
+std::optional<Vec2> SeenPicture::middleOf(Colour colour, Vec2 place, double distance) const {
+    Vec2 sum;
+    int count = 0;
+    for (int row = 0; row < height(); ++row) {
+        for (int column = 0; column < width(); ++column) {
+            const Vec2 centre{column + 0.5, height() - row - 0.5};
+            if (isColour(mPicture.at(column, row), colour) &&
+                std::hypot(centre.x - place.x, centre.y - place.y) < distance) {
+                sum = {sum.x + centre.x, sum.y + centre.y};
+                ++count;
+            }
+        }
+    }
+    return count == 0 ? std::nullopt : std::optional(Vec2{sum.x / count, sum.y / count});
+}
+
+std::optional<Vec2> SeenPicture::middleOf(Colour colour) const {
+    return middleOf(colour, {0.0, 0.0}, std::numeric_limits<double>::infinity());
+}
+
+int SeenPicture::countDifferences(const SeenPicture& other) const {
+    if (other.width() != width() || other.height() != height()) {
+        throw std::invalid_argument("pictures of different sizes");
+    }
+    constexpr int little = 6;
+    int count = 0;
+    for (std::size_t i = 0; i < mPicture.bytes.size(); i += 4) {
+        int difference = 0;
+        for (std::size_t part = 0; part < 3; ++part) {
+            difference = std::max(difference, std::abs(mPicture.bytes[i + part] - other.mPicture.bytes[i + part]));
+        }
+        count += difference > little ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace qel::host::test

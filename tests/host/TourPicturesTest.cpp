@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: Apache-2.0
+// Runs the tour and looks at its pictures: what is asserted of the model is read from pixels, and compared with the
+// numbers of the state records.
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CameraView.h"
+#include "Mesh.h"
+#include "SeenPicture.h"
+#include "TemporaryFolder.h"
+#include "Tour.h"
+
+namespace qel::host::test {
+namespace {
+
+using ::testing::HasSubstr;
+
+struct Window {
+    const char* name;
+    int width;
+    int height;
+};
+
+void PrintTo(const Window& window, std::ostream* out) { *out << window.width << 'x' << window.height; }
+
+constexpr Window wide{"wide", 560, 280};
+constexpr Window square{"square", 360, 360};
+constexpr Window tall{"tall", 256, 448};
+
+/// A tour around the teapot in a window of a shape; the picture of each step by the step's name.
+class Tour : public ::testing::Test {
+protected:
+    static constexpr const char* model = CAMERA_MODELS "/teapot.obj";
+
+    explicit Tour(const Window& window = wide) : mWindow(window) {
+        TourOptions options;
+        options.model = model;
+        options.output = mFolder / "out";
+        options.module = CAMERA_MODULE;
+        options.width = window.width;
+        options.height = window.height;
+        for (Shot& shot : runTour(options, [](std::size_t, std::size_t, std::string_view) {})) {
+            const std::string name = shot.file.substr(3, shot.file.size() - 7);
+            mPictures.emplace(name, SeenPicture(mFolder / "out" / shot.file));
+            mShots.emplace(name, std::move(shot));
+        }
+    }
+
+    [[nodiscard]] const SeenPicture& picture(const std::string& name) const { return mPictures.at(name); }
+    [[nodiscard]] const Shot& shot(const std::string& name) const { return mShots.at(name); }
+    [[nodiscard]] int width() const { return mWindow.width; }
+    [[nodiscard]] int height() const { return mWindow.height; }
+
+    /// The middle of the dot on the picked point; it is alone in its colour.
+    [[nodiscard]] Vec2 dot(const std::string& name) const {
+        const auto middle = picture(name).middleOf(secondMark);
+        EXPECT_TRUE(middle) << name;
+        return middle.value_or(Vec2{});
+    }
+
+    Window mWindow;
+    TemporaryFolder mFolder;
+    std::map<std::string, SeenPicture> mPictures;
+    std::map<std::string, Shot> mShots;
+};
+
+/// What a window's shape could spoil.
+class TourInWindow : public Tour, public ::testing::WithParamInterface<Window> {
+protected:
+    TourInWindow() : Tour(GetParam()) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(Windows, TourInWindow, ::testing::Values(wide, square, tall),
+                         [](const auto& parameter) { return std::string(parameter.param.name); });
+
+/// Where the model's corners land by the state's own matrices, worked out on the processor.
+Extents projectedExtents(const Mesh& mesh, const api::camera::PlanarCameraState& camera) {
+    const CameraView view(camera);
+    Vec2 least{1e9, 1e9};
+    Vec2 most{-1e9, -1e9};
+    for (const auto index : mesh.triangles) {
+        const auto position = view.toWindow(mesh.positions[index]);
+        EXPECT_TRUE(position) << "a corner of the model is behind the eye";
+        if (position) {
+            least = {std::min(least.x, position->x), std::min(least.y, position->y)};
+            most = {std::max(most.x, position->x), std::max(most.y, position->y)};
+        }
+    }
+    const auto pixel = [](double value) { return static_cast<int>(std::floor(value)); };
+    return {pixel(least.x), pixel(most.x), pixel(least.y), pixel(most.y)};
+}
+
+TEST_P(TourInWindow, ShowsTheModelInEveryPicture) {
+    EXPECT_EQ(mPictures.size(), 31U);
+    for (const auto& [name, seen] : mPictures) {
+        EXPECT_GT(seen.countModel(), seen.width() * seen.height() / 200) << name;
+        const bool beforeResize = name == "default-camera";
+        EXPECT_EQ(seen.width(), beforeResize ? 640 : width()) << name;
+        EXPECT_EQ(seen.height(), beforeResize ? 480 : height()) << name;
+    }
+}
+
+// The pixels lie where the matrices put the model, inside the window: so nothing is cut at its border. The tips of the
+// teapot are so thin that their last pixels are hardly covered and look like the background.
+TEST_P(TourInWindow, KeepsAFittedModelInsideTheWindow) {
+    const Mesh mesh = loadMesh(model);
+    for (const char* name : {"fit-box", "clipping-planes", "from-x", "from-y", "from-z", "isometric"}) {
+        const auto seen = picture(name).modelExtents();
+        ASSERT_TRUE(seen) << name;
+        EXPECT_GT(seen->left, 0) << name;
+        EXPECT_GT(seen->bottom, 0) << name;
+        EXPECT_LT(seen->right, width() - 1) << name;
+        EXPECT_LT(seen->top, height() - 1) << name;
+
+        const Extents expected = projectedExtents(mesh, shot(name).camera);
+        EXPECT_GE(seen->left, expected.left) << name;
+        EXPECT_LE(seen->left, expected.left + 4) << name;
+        EXPECT_LE(seen->right, expected.right) << name;
+        EXPECT_GE(seen->right, expected.right - 4) << name;
+        EXPECT_GE(seen->bottom, expected.bottom) << name;
+        EXPECT_LE(seen->bottom, expected.bottom + 4) << name;
+        EXPECT_LE(seen->top, expected.top) << name;
+        EXPECT_GE(seen->top, expected.top - 4) << name;
+    }
+}
+
+// Orthographic, and the model reaches all sides of its box: but for the margin it fills the window in one direction.
+TEST_P(TourInWindow, FillsTheWindowWithAFittedModel) {
+    for (const char* name : {"from-x", "from-y", "from-z"}) {
+        const auto seen = picture(name).modelExtents();
+        ASSERT_TRUE(seen) << name;
+        EXPECT_GT(std::max(1.0 * seen->width() / width(), 1.0 * seen->height() / height()), 0.88) << name;
+    }
+}
+
+TEST_F(Tour, ShowsTheSameAfterTheClippingPlanesMoved) {
+    EXPECT_LE(picture("fit-box").countDifferences(picture("clipping-planes")), width() * height() / 1000);
+}
+
+TEST_P(TourInWindow, SeesTheSameLengthsAlongTheAxes) {
+    struct Size {
+        double width, height, pixel;
+    };
+    const auto sizeOf = [&](const std::string& name) {
+        const auto& frustum = shot(name).camera.mProjectionState.mFrustum;
+        const double pixel = (frustum.mRight - frustum.mLeft) / width();
+        EXPECT_NEAR((frustum.mTop - frustum.mBottom) / height(), pixel, 1e-9 * pixel) << "pixels are square";
+        const auto seen = picture(name).modelExtents();
+        EXPECT_TRUE(seen) << name;
+        return seen ? Size{seen->width() * pixel, seen->height() * pixel, pixel} : Size{};
+    };
+    const Size x = sizeOf("from-x");
+    const Size y = sizeOf("from-y");
+    const Size z = sizeOf("from-z");
+    // A silhouette's border is known to a pixel, at either side and in either picture; at a thin tip, to two.
+    EXPECT_NEAR(x.width, y.height, 3 * (x.pixel + y.pixel)) << "extent in z";
+    EXPECT_NEAR(y.width, z.width, 3 * (y.pixel + z.pixel)) << "extent in x";
+    EXPECT_NEAR(x.height, z.height, 3 * (x.pixel + z.pixel)) << "extent in y";
+
+    const Vec3 size = loadMesh(model).box.size();
+    EXPECT_NEAR(z.width, size[0], 4 * z.pixel);
+    EXPECT_NEAR(z.height, size[1], 4 * z.pixel);
+    EXPECT_NEAR(x.width, size[2], 4 * x.pixel);
+}
+
+TEST_P(TourInWindow, KeepsTheMarksOnTheirPixelsWhenTheProjectionIsSwitched) {
+    for (const Colour colour : {firstMark, secondMark}) {
+        const auto before = picture("marks").middleOf(colour);
+        const auto switched = picture("orthographic").middleOf(colour);
+        const auto back = picture("perspective").middleOf(colour);
+        ASSERT_TRUE(before && switched && back);
+        EXPECT_NEAR(switched->x, before->x, 0.05);
+        EXPECT_NEAR(switched->y, before->y, 0.05);
+        EXPECT_NEAR(back->x, before->x, 0.05);
+        EXPECT_NEAR(back->y, before->y, 0.05);
+    }
+    EXPECT_GT(picture("marks").countDifferences(picture("orthographic")), width() * height() / 100);
+    EXPECT_LE(picture("marks").countDifferences(picture("perspective")), width() * height() / 1000);
+}
+
+TEST_F(Tour, MakesTheModelSmallerAndLargerWithTheProjection) {
+    const int before = picture("isometric").countModel();
+    EXPECT_LT(picture("field-of-view").countModel(), before * 0.6);
+    EXPECT_GT(picture("zoom").countModel(), picture("field-of-view").countModel() * 3);
+}
+
+TEST_P(TourInWindow, FillsTheWindowWithTheAreaZoomedInto) {
+    const auto before = picture("area-before").extentsOf(firstMark);
+    const auto after = picture("area-after").extentsOf(firstMark);
+    ASSERT_TRUE(before && after);
+    const double shape = 1.0 * before->width() / before->height();
+    EXPECT_NEAR(shape, 0.30 * width() / (0.22 * height()), 0.1 * shape);
+    // It is wider than the window by the shape it was drawn with, so it reaches left and right.
+    EXPECT_EQ(after->left, 0);
+    EXPECT_EQ(after->right, width() - 1);
+    EXPECT_NEAR(1.0 * after->width() / after->height(), shape, 0.05 * shape);
+    EXPECT_NEAR((after->bottom + after->top) / 2.0, height() / 2.0, 2.0);
+}
+
+TEST_P(TourInWindow, KeepsTheAnchorOnItsPixel) {
+    const Vec2 before = dot("anchor-before");
+    for (const char* name : {"anchor-screen", "anchor-world"}) {
+        const Vec2 after = dot(name);
+        EXPECT_NEAR(after.x, before.x, 0.25) << name;
+        EXPECT_NEAR(after.y, before.y, 0.25) << name;
+        const auto crossHair = picture(name).middleOf(firstMark);
+        ASSERT_TRUE(crossHair) << name;
+        EXPECT_NEAR(crossHair->x, after.x, 0.25) << name;
+        EXPECT_NEAR(crossHair->y, after.y, 0.25) << name;
+    }
+    EXPECT_GT(picture("anchor-screen").countModel(), picture("anchor-before").countModel() * 1.8);
+    EXPECT_LT(picture("anchor-world").countModel(), picture("anchor-before").countModel() * 0.6);
+}
+
+TEST_P(TourInWindow, MovesThePannedPointWithTheMouse) {
+    const Vec2 before = dot("pan-before");
+    const Vec2 after = dot("pan-after");
+    EXPECT_NEAR(after.x - before.x, width() / 5, 0.25); // NOLINT(bugprone-integer-division): whole pixels
+    EXPECT_NEAR(after.y - before.y, -(height() / 6), 0.25);
+    const auto target = picture("pan-after").middleOf(firstMark, after, 30.0);
+    ASSERT_TRUE(target);
+    EXPECT_NEAR(target->x, after.x, 0.25);
+    EXPECT_NEAR(target->y, after.y, 0.25);
+}
+
+TEST_F(Tour, TurnsTheModelWithEveryPieceOfTheDrag) {
+    const Vec3 centre = loadMesh(model).box.centre();
+    const auto distance = [&](const std::string& name) {
+        const auto& eye = shot(name).camera.mViewState.mEye.mData;
+        return length(Vec3{eye[0], eye[1], eye[2]} - centre);
+    };
+    std::string last = "arcball-start";
+    for (const char* name : {"arcball-1", "arcball-2", "arcball-3", "arcball-4"}) {
+        EXPECT_GT(picture(name).countDifferences(picture(last)), width() * height() / 50) << name;
+        EXPECT_NEAR(distance(name), distance("arcball-start"), 1e-9 * distance("arcball-start")) << name;
+        last = name;
+    }
+}
+
+TEST_F(Tour, StopsTheTurntableAtThePole) {
+    const auto eyeHeight = [&](const std::string& name) { return shot(name).camera.mViewState.mEye.mData[1]; };
+    EXPECT_NEAR(eyeHeight("turntable-turn"), eyeHeight("isometric"), 1e-9);
+    EXPECT_GT(eyeHeight("turntable-tilt"), eyeHeight("turntable-turn"));
+    EXPECT_GT(eyeHeight("turntable-pole"), eyeHeight("turntable-tilt"));
+    EXPECT_EQ(picture("turntable-limit").countDifferences(picture("turntable-pole")), 0);
+    const auto& pole = shot("turntable-pole").camera.mViewState.mEye.mData;
+    const auto& limit = shot("turntable-limit").camera.mViewState.mEye.mData;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        EXPECT_NEAR(limit[axis], pole[axis], 1e-12 * pole[1]);
+    }
+    for (const char* name : {"turntable-turn", "turntable-tilt", "turntable-pole"}) {
+        const auto& right = shot(name).camera.mViewState.mViewMatrix.mData[0];
+        EXPECT_NEAR(right[1], 0.0, 1e-9) << name << ": the axis is upright in the picture";
+    }
+}
+
+TEST_F(Tour, ShowsEveryPictureOnItsPage) {
+    const std::string page = readText(mFolder / "out" / "index.html");
+    for (const auto& [name, shot] : mShots) {
+        EXPECT_THAT(page, HasSubstr("src=\"" + shot.file + "\""));
+        EXPECT_THAT(page, HasSubstr(shot.title));
+    }
+    EXPECT_THAT(page, HasSubstr("<code>planarCameraUpdateWindowSize(state, width = " + std::to_string(width()) +
+                                ", height = " + std::to_string(height()) + ")</code>"));
+    EXPECT_THAT(page, HasSubstr("mPrivate=&lt;1080 bytes&gt;"));
+    EXPECT_EQ(page.find('\0'), std::string::npos);
+    EXPECT_EQ(contentOf(mFolder / "out").size(), mShots.size() + 1);
+    EXPECT_EQ(contentOf(mFolder.path()).size(), 1U) << "nothing is left beside the output";
+}
+
+} // namespace
+} // namespace qel::host::test
