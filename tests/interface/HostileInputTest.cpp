@@ -119,6 +119,31 @@ TEST(HostileInput, AnnouncedUnknownFieldsCostNothing) {
     });
 }
 
+/// A record that is read into again uses the storage that it has, and writing needs none.
+TEST(RecordStorage, ReadingTheSameShapeAgainAndWritingAllocateNothing) {
+    const auto measure = []<class Protocol>() {
+        camera::PlanarCameraStateResult record;
+        auto& view = record.mValue.mViewState;
+        view.mViewMatrix.mData.assign(4, std::vector<double>(4, 0.5));
+        view.mViewTransformMatrix = view.mViewMatrix;
+        view.mEye.mData.assign(3, 1.5);
+        view.mPrivate.assign(384, 'v');
+        record.mValue.mPrivate.assign(1080, 'p');
+        record.mResult.__set_mMessage("a message longer than a small string holds in itself");
+        auto buffer = bufferOf(std::string(20000, ' '));
+        Protocol protocol(buffer);
+        buffer->resetBuffer();
+        EXPECT_EQ(peakOf([&] { record.write(&protocol); }), 0U);
+        camera::PlanarCameraStateResult read;
+        EXPECT_GT(peakOf([&] { read.read(&protocol); }), 0U);
+        record.write(&protocol);
+        EXPECT_EQ(peakOf([&] { read.read(&protocol); }), 0U);
+        EXPECT_TRUE(read == record);
+    };
+    measure.operator()<TBinaryProtocol>();
+    measure.operator()<TCompactProtocol>();
+}
+
 template <class Protocol>
 class HostileTo : public ::testing::Test {};
 using Protocols = ::testing::Types<TBinaryProtocol, TLEBinaryProtocol, TCompactProtocol, TJSONProtocol>;
