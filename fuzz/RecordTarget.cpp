@@ -189,7 +189,7 @@ void readAndWrite(std::size_t protocol, std::uint8_t alsoOver, std::span<const s
 
 using Target = void (*)(std::size_t protocol, std::uint8_t alsoOver, std::span<const std::uint8_t> bytes);
 
-constexpr std::array<Target, 17> targets{readAndWrite<ServiceResult>,
+constexpr std::array<Target, 18> targets{readAndWrite<ServiceResult>,
                                          readAndWrite<StringResult>,
                                          readAndWrite<Vector>,
                                          readAndWrite<Quaternion>,
@@ -203,9 +203,10 @@ constexpr std::array<Target, 17> targets{readAndWrite<ServiceResult>,
                                          readAndWrite<VectorResult>,
                                          readAndWrite<MatrixResult>,
                                          readAndWrite<ViewStateResult>,
+                                         readAndWrite<ProjectionStateResult>,
                                          readAndWrite<SurfaceStateResult>,
-                                         readAndWrite<DoubleResult>,
-                                         readAndWrite<PlanarCameraStateResult>};
+                                         readAndWrite<PlanarCameraStateResult>,
+                                         readAndWrite<DoubleResult>};
 
 } // namespace
 } // namespace camera::fuzz

@@ -28,7 +28,7 @@ bool mustFail() {
     ++watch.asked;
     const bool fails = (watch.fail == Allocations::Fail::one && watch.asked == watch.first) ||
                        (watch.fail == Allocations::Fail::allFrom && watch.asked >= watch.first);
-    watch.failed += fails ? 1 : 0;
+    watch.failed += fails ? 1U : 0U;
     return fails;
 }
 

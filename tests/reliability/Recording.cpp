@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// camera_recording MODULE check DIGESTS    compares with committed digests; 77 where the C library rounds otherwise
+// camera_recording MODULE digest           prints them
+// camera_recording MODULE write FILE       records arguments and results
+// camera_recording MODULE compare FILE     calls with the recorded arguments and tells how far the results are apart
+//
+// 10,000 operations, each result a possible argument of later ones. What the operations compute is determined to the
+// last bit by IEEE 754 and by the C library's sin, cos, tan, atan and acos, so those are recorded beside them.
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include <qel/api/base/BaseAPIIf.h>
+#include <qel/api/camera/Operations.h>
+
+#include "Difference.h"
+#include "RecordedArguments.h"
+#include "RecordingFile.h"
+
+namespace qel::test {
+
+namespace {
+
+using api::camera::CameraAPIIf;
+
+constexpr std::size_t recordedOperations = 10000;
+constexpr std::size_t recordedNumbers = 20000; ///< of each function of the C library
+constexpr int skipped = 77;                    ///< what ctest takes for a test that could not be run
+
+/// FNV-1a. Every NaN counts as the same one, see unitsApart.
+class Digest {
+public:
+    template <class Value>
+    void add(const Value& value) {
+        std::vector<double> numbers;
+        collectNumbers(value, numbers);
+        for (const double number : numbers) {
+            std::string bytes;
+            put(bytes, std::isnan(number) ? std::bit_cast<double>(std::uint64_t{0x7FF8000000000000}) : number);
+            for (const char byte : bytes) {
+                mValue = (mValue ^ static_cast<std::uint8_t>(byte)) * 0x100000001B3U;
+            }
+        }
+    }
+    [[nodiscard]] std::string text() const {
+        std::array<char, 17> digits{};
+        std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(mValue));
+        return digits.data();
+    }
+
+private:
+    std::uint64_t mValue = 0xCBF29CE484222325;
+};
+
+struct Function {
+    const char* name;
+    double (*call)(double);
+    double low;
+    double high;
+};
+constexpr std::array<Function, 5> functions{{
+    {"sin", [](double x) { return std::sin(x); }, -7.0, 7.0},
+    {"cos", [](double x) { return std::cos(x); }, -7.0, 7.0},
+    {"tan", [](double x) { return std::tan(x); }, -1.5, 1.5},
+    {"atan", [](double x) { return std::atan(x); }, -20.0, 20.0},
+    {"acos", [](double x) { return std::acos(x); }, -1.0, 1.0},
+}};
+
+/// visit(function, value) for the same arguments everywhere.
+template <class Visitor>
+void forEachNumber(const Visitor& visit) {
+    std::uint64_t state = 1;
+    for (const Function& function : functions) {
+        for (std::size_t i = 0; i < recordedNumbers; ++i) {
+            state = state * 6364136223846793005U + 1442695040888963407U;
+            const double argument =
+                function.low + (function.high - function.low) * (static_cast<double>(state >> 11U) * 0x1p-53);
+            visit(function, function.call(argument));
+        }
+    }
+}
+
+/// Calls visit(slot, arguments, result) for the row of operations.
+template <class Visitor>
+void forEachRecorded(CameraAPIIf& service, const Visitor& visit) {
+    RecordedArguments source(service);
+    for (std::size_t i = 0; i < recordedOperations; ++i) {
+        const std::size_t chosen = source.below(api::camera::operationCount);
+        api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
+            if (slot == chosen) {
+                [&]<class Result, class... Arguments>(const api::camera::Operation<Result, Arguments...>&) {
+                    std::tuple<std::remove_cvref_t<Arguments>...> arguments;
+                    std::apply([&](auto&... argument) { (source.give(argument), ...); }, arguments);
+                    Result result;
+                    std::apply([&](const auto&... argument) { (service.*operation.member)(result, argument...); },
+                               arguments);
+                    visit(slot, arguments, result);
+                    source.keep(result.mValue);
+                }(operation);
+            }
+        });
+    }
+}
+
+std::string digests(CameraAPIIf& service) {
+    Digest library;
+    forEachNumber([&](const Function&, double value) { library.add(value); });
+    Digest operations;
+    forEachRecorded(service, [&](std::size_t, const auto&, const auto& result) { operations.add(result); });
+    return "mathematics " + library.text() + "\noperations " + operations.text() + "\n";
+}
+
+std::string readFile(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        throw std::runtime_error(std::string(path) + " cannot be read");
+    }
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+int check(CameraAPIIf& service, const char* path) {
+    const std::string expected = readFile(path);
+    const std::string actual = digests(service);
+    if (actual == expected) {
+        std::printf("%zu operations give the recorded bits\n", recordedOperations);
+        return EXIT_SUCCESS;
+    }
+    if (actual.substr(0, actual.find('\n')) != expected.substr(0, expected.find('\n'))) {
+        std::printf("skipped: this machine's C library does not round as the one of the recording\n");
+        return skipped;
+    }
+    std::printf("recorded:\n%sthis build:\n%s", expected.c_str(), actual.c_str());
+    return EXIT_FAILURE;
+}
+
+void write(CameraAPIIf& service, const char* path) {
+    std::string bytes;
+    forEachNumber([&](const Function&, double value) { put(bytes, value); });
+    forEachRecorded(service, [&](std::size_t slot, const auto& arguments, const auto& result) {
+        put(bytes, static_cast<std::int32_t>(slot));
+        std::apply([&](const auto&... argument) { (put(bytes, argument), ...); }, arguments);
+        put(bytes, result);
+    });
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file.flush()) {
+        throw std::runtime_error(std::string(path) + " cannot be written");
+    }
+}
+
+/// A row of differences, summed up.
+struct Summary {
+    std::size_t all = 0;
+    std::size_t differing = 0;
+    Difference worst;
+
+    void add(const Difference& difference) {
+        ++all;
+        differing += difference.none() ? 0U : 1U;
+        worst.units = std::max(worst.units, difference.units);
+        worst.share = std::max(worst.share, difference.share);
+    }
+    void print(const char* name) const {
+        std::printf("%-45s %6zu of %6zu differ, by %llu units at most, %.3g of the result's largest number\n", name,
+                    differing, all, static_cast<unsigned long long>(worst.units), worst.share);
+    }
+};
+
+/// Fails when a result is further from the recorded one than a few roundings of its largest number.
+int compare(CameraAPIIf& service, const char* path) {
+    const std::string bytes = readFile(path);
+    Source source(bytes);
+    std::array<Summary, functions.size()> library;
+    forEachNumber([&](const Function& function, double value) {
+        double recorded = 0.0;
+        source.get(recorded);
+        library[static_cast<std::size_t>(&function - functions.data())].add(differenceOf(value, recorded));
+    });
+    bool agree = true;
+    for (std::size_t i = 0; i < functions.size(); ++i) {
+        library[i].print(functions[i].name);
+        agree = agree && library[i].worst.units <= 1;
+    }
+
+    Summary operations;
+    std::array<Summary, api::camera::operationCount> bySlot;
+    while (!source.empty()) {
+        const std::uint64_t recorded = source.number(4);
+        api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
+            if (slot == recorded) {
+                [&]<class Result, class... Arguments>(const api::camera::Operation<Result, Arguments...>&) {
+                    std::tuple<std::remove_cvref_t<Arguments>...> arguments;
+                    std::apply([&](auto&... argument) { (source.get(argument), ...); }, arguments);
+                    Result expected;
+                    source.get(expected);
+                    Result result;
+                    std::apply([&](const auto&... argument) { (service.*operation.member)(result, argument...); },
+                               arguments);
+                    const Difference difference = differenceOf(result, expected);
+                    operations.add(difference);
+                    bySlot[slot].add(difference);
+                }(operation);
+            }
+        });
+    }
+    operations.print("operations");
+    api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
+        if (bySlot[slot].differing != 0) {
+            bySlot[slot].print(std::string(operation.name).c_str());
+        }
+    });
+    agree = agree && operations.worst.share < 1e-9;
+    return agree ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int run(const char* module, const std::string_view what, const char* path) {
+    void* const handle = dlopen(module, RTLD_NOW | RTLD_LOCAL);
+    auto* const factory = handle == nullptr ? nullptr
+                                            : reinterpret_cast<api::base::CreateComponentInstance*>(
+                                                  dlsym(handle, api::base::createComponentInstanceName));
+    if (factory == nullptr) {
+        throw std::runtime_error(dlerror());
+    }
+    const std::unique_ptr<api::base::BaseAPIIf> instance(factory());
+    auto& service = dynamic_cast<CameraAPIIf&>(*instance);
+    if (what == "digest") {
+        std::printf("%s", digests(service).c_str());
+        return EXIT_SUCCESS;
+    }
+    if (path != nullptr && what == "check") {
+        return check(service, path);
+    }
+    if (path != nullptr && what == "compare") {
+        return compare(service, path);
+    }
+    if (path != nullptr && what == "write") {
+        write(service, path);
+        return EXIT_SUCCESS;
+    }
+    throw std::runtime_error("knows digest, check FILE, write FILE and compare FILE");
+}
+
+} // namespace
+
+} // namespace qel::test
+
+int main(int count, char** arguments) {
+    try {
+        if (count < 3) {
+            throw std::runtime_error("usage: camera_recording MODULE digest|check|write|compare [FILE]");
+        }
+        return qel::test::run(arguments[1], arguments[2], count > 3 ? arguments[3] : nullptr);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "camera_recording: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}

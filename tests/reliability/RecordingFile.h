@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "support/RecordFields.h"
+
+namespace qel::test {
+
+namespace camera_test = api::camera::test;
+
+// Values as bytes and back, the same on every machine: numbers little-endian by arithmetic, lists and texts after
+// their length, records field by field with their flags.
+
+template <class Number>
+void putNumber(std::string& bytes, const Number number) {
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+        bytes += static_cast<char>(static_cast<std::uint64_t>(number) >> (8U * i) & 0xFFU);
+    }
+}
+
+template <class Value>
+void put(std::string& bytes, const Value& value) {
+    if constexpr (camera_test::IsRecord<Value>) {
+        camera_test::forEachField(value, [&](const auto& field, const auto& member) {
+            bytes += field.isSet(value) ? '\1' : '\0';
+            put(bytes, member);
+        });
+    } else if constexpr (std::is_same_v<Value, double>) {
+        putNumber(bytes, std::bit_cast<std::uint64_t>(value));
+    } else if constexpr (std::is_enum_v<Value> || std::is_integral_v<Value>) {
+        putNumber(bytes, static_cast<std::uint32_t>(value));
+    } else if constexpr (std::is_same_v<Value, std::string>) {
+        putNumber(bytes, static_cast<std::uint32_t>(value.size()));
+        bytes += value;
+    } else {
+        putNumber(bytes, static_cast<std::uint32_t>(value.size()));
+        for (const auto& element : value) {
+            put(bytes, element);
+        }
+    }
+}
+
+/// Takes values from bytes in the order in which they were put there.
+class Source {
+public:
+    explicit Source(std::string_view bytes) : mRest(bytes) {}
+
+    [[nodiscard]] bool empty() const { return mRest.empty(); }
+
+    std::string_view take(const std::size_t size) {
+        if (mRest.size() < size) {
+            throw std::runtime_error("the recording ends too early");
+        }
+        const std::string_view taken = mRest.substr(0, size);
+        mRest.remove_prefix(size);
+        return taken;
+    }
+
+    std::uint64_t number(const std::size_t size) {
+        const std::string_view bytes = take(size);
+        std::uint64_t value = 0;
+        for (std::size_t i = 0; i < size; ++i) {
+            value |= std::uint64_t{static_cast<std::uint8_t>(bytes[i])} << (8U * i);
+        }
+        return value;
+    }
+
+    template <class Value>
+    void get(Value& value) {
+        if constexpr (camera_test::IsRecord<Value>) {
+            camera_test::forEachField(value, [&](const auto& field, auto& member) {
+                field.markSet(value, number(1) != 0);
+                get(member);
+            });
+        } else if constexpr (std::is_same_v<Value, double>) {
+            value = std::bit_cast<double>(number(8));
+        } else if constexpr (std::is_enum_v<Value> || std::is_integral_v<Value>) {
+            value = static_cast<Value>(static_cast<std::int32_t>(static_cast<std::uint32_t>(number(4))));
+        } else if constexpr (std::is_same_v<Value, std::string>) {
+            value = take(number(4));
+        } else {
+            value.resize(number(4));
+            for (auto& element : value) {
+                get(element);
+            }
+        }
+    }
+
+private:
+    std::string_view mRest;
+};
+
+} // namespace qel::test
