@@ -114,6 +114,14 @@ TEST(ZoomWithWorldAnchor, InThePlaneOfTheEyeChangesNothing) {
     EXPECT_TRUE(same(camera, squareCamera()));
 }
 
+// The depth overflows, and with it the pixel, though the point is straight ahead.
+TEST(ZoomWithWorldAnchor, NextToNothingAheadOfTheEyeChangesNothing) {
+    const PlanarCamera before(impl::View(), projectionOf({-1, 1, -1, 1, 1, 3}, false), surfaceOf({}, 512, 512));
+    PlanarCamera camera = before;
+    camera.zoomWithAnchor(Vec3{0, 0, -1e-308}, 0.5);
+    EXPECT_TRUE(same(camera, before));
+}
+
 TEST(ZoomWithWorldAnchor, OfNaNChangesNothing) {
     PlanarCamera camera = pixelCamera();
     camera.zoomWithAnchor(Vec3{nan, 0, -2}, 0.5);

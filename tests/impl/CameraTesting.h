@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -131,17 +132,24 @@ inline constexpr double steps = 64.0;
            << "\nthe view matrix is not the inverse of the view transform matrix";
 }
 
+template <std::size_t Count>
+[[nodiscard]] bool isFinite(const std::array<double, Count>& values) {
+    return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
+}
 [[nodiscard]] inline bool isFinite(const impl::View& view) {
-    const auto finite = [](const auto& elements) {
-        for (const double value : elements) {
-            if (!std::isfinite(value)) {
-                return false;
-            }
-        }
-        return true;
-    };
-    return finite(view.viewTransformMatrix().mElements) && finite(view.viewMatrix().mElements) &&
-           finite(view.rotation().mElements) && finite(numbers(view.eye()));
+    return isFinite(view.viewTransformMatrix().mElements) && isFinite(view.viewMatrix().mElements) &&
+           isFinite(view.rotation().mElements) && isFinite(numbers(view.eye()));
+}
+[[nodiscard]] inline bool isFinite(const impl::Projection& projection) {
+    return isFinite(projection.matrix().mElements) && isFinite(projection.inverse().mElements) &&
+           isFinite(numbers(projection.frustum()));
+}
+[[nodiscard]] inline bool isFinite(const impl::Surface& surface) {
+    return isFinite(surface.matrix().mElements) && isFinite(surface.inverse().mElements) &&
+           isFinite(numbers(surface.viewport()));
+}
+[[nodiscard]] inline bool isFinite(const impl::PlanarCamera& camera) {
+    return isFinite(camera.view()) && isFinite(camera.projection()) && isFinite(camera.surface());
 }
 
 /// The kind words of view transform matrix, view matrix and rotation.
