@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+#include "support/Calls.h"
+#include "support/LoadedModule.h"
+#include "support/Samples.h"
+
+namespace qel::api::camera::test {
+
+namespace {
+
+// A host that keeps one result record for many calls.
+
+class Reuse : public ::testing::Test {
+protected:
+    /// A camera that differs from the samples in every part.
+    [[nodiscard]] Samples others() const {
+        Samples other;
+        ViewStateResult view;
+        mService->viewRotateAboutWorldAxis(view, mSamples.view, vectorOf(0.0, 0.0, 0.0), vectorOf(0.0, 1.0, 0.0), 1.0,
+                                           0.25);
+        other.view = view.mValue;
+        ProjectionStateResult projection;
+        mService->projectionUpdateOrthographic(projection, mSamples.projection, 3.0, 2.0, 0.25, 30.0);
+        other.projection = projection.mValue;
+        SurfaceStateResult surface;
+        mService->surfaceCreate(surface, 0.0, 0.25, 0.75, 0.5, 0.25, 0.75, 1000, 500);
+        other.surface = surface.mValue;
+        PlanarCameraStateResult planarCamera;
+        mService->planarCameraCreate(planarCamera, other.view, other.projection, other.surface);
+        other.planarCamera = planarCamera.mValue;
+        return other;
+    }
+
+    LoadedService mService;
+    Samples mSamples{*mService};
+};
+
+TEST_F(Reuse, ReusedResultIsTheSameAsAFreshOne) {
+    const Samples other = others();
+    forEachOperation([&](std::size_t, const auto& operation) {
+        SCOPED_TRACE(operation.name);
+        auto result = callAfresh(*mService, operation, other.argumentsOf(operation));
+        call(*mService, operation, result, mSamples.argumentsOf(operation));
+        EXPECT_EQ(fingerprint(result), fingerprint(callAfresh(*mService, operation, mSamples.argumentsOf(operation))));
+    });
+}
+
+TEST_F(Reuse, ResultOfAnotherShapeIsBroughtIntoShape) {
+    forEachOperation([&](std::size_t, const auto& operation) {
+        SCOPED_TRACE(operation.name);
+        const auto arguments = mSamples.argumentsOf(operation);
+        const auto fresh = callAfresh(*mService, operation, arguments);
+        auto misshapen = fresh;
+        std::vector<Matrix*> matrices;
+        collectParts(misshapen.mValue, matrices);
+        for (Matrix* matrix : matrices) {
+            matrix->mData.assign(7, std::vector<double>(9, 99.0));
+        }
+        std::vector<Vector*> vectors;
+        collectParts(misshapen.mValue, vectors);
+        for (Vector* vector : vectors) {
+            vector->mData.assign(11, 99.0);
+        }
+        std::vector<ViewState*> views;
+        collectParts(misshapen.mValue, views);
+        for (ViewState* view : views) {
+            view->mOrientation.mData.assign(1, 99.0);
+            view->mPrivate.assign(2000, 'x');
+        }
+        call(*mService, operation, misshapen, arguments);
+        EXPECT_EQ(fingerprint(misshapen), fingerprint(fresh));
+    });
+}
+
+TEST_F(Reuse, SecondCallWritesIntoTheStorageOfTheFirst) {
+    const Samples other = others();
+    forEachOperation([&](const std::size_t slot, const auto& operation) {
+        SCOPED_TRACE(operation.name);
+        auto result = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
+        const std::vector<const void*> storage = storageOf(result);
+        EXPECT_EQ(storage.empty(), resetsOutcome(slot)) << "only a number needs no storage";
+        call(*mService, operation, result, other.argumentsOf(operation));
+        EXPECT_EQ(storageOf(result), storage);
+    });
+}
+
+} // namespace
+
+} // namespace qel::api::camera::test
