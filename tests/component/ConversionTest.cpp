@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "Arguments.h"
+#include "CameraLibraryHandler.h"
+#include "Failure.h"
+#include "LittleEndian.h"
+#include "StateConversion.h"
+
+namespace qel::api::camera {
+
+namespace {
+
+// What the module keeps inside: the texts of its exceptions, and the helpers of the conversion.
+
+template <class Work>
+std::string messageOf(const Work& work) {
+    try {
+        work();
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+    return "nothing was thrown";
+}
+
+TEST(Arguments, ErrorsNameTheArgumentWhatWasExpectedAndWhatCame) {
+    Vector vector;
+    vector.mData = {1.0, 2.0};
+    EXPECT_EQ(messageOf([&] { (void)toVec3(vector, "eye"); }), "argument eye: expected 3 values, got 2");
+    Quaternion quaternion;
+    quaternion.mData = {1.0, 2.0, 3.0};
+    EXPECT_EQ(messageOf([&] { (void)toQuat(quaternion, "orientation"); }),
+              "argument orientation: expected 4 values, got 3");
+    Matrix matrix;
+    matrix.mData.assign(3, {1.0, 2.0, 3.0, 4.0});
+    EXPECT_EQ(messageOf([&] { (void)toMat4(matrix, "matrix"); }), "argument matrix: expected 4 rows, got 3");
+    matrix.mData.push_back({1.0});
+    EXPECT_EQ(messageOf([&] { (void)toMat4(matrix, "matrix"); }), "argument matrix: expected 4 values in a row, got 1");
+}
+
+TEST(Arguments, ErrorsNameTheStateAndTheSizeOfItsImage) {
+    ViewState view;
+    view.mPrivate.assign(383, '\0');
+    EXPECT_EQ(messageOf([&] { (void)toObject(view); }), "ViewState::mPrivate: expected 384 bytes, got 383");
+    EXPECT_EQ(messageOf([] { (void)toObject(ProjectionState()); }),
+              "ProjectionState::mPrivate: expected 336 bytes, got 0");
+    EXPECT_EQ(messageOf([] { (void)toObject(SurfaceState()); }), "SurfaceState::mPrivate: expected 336 bytes, got 0");
+    EXPECT_EQ(messageOf([] { (void)toObject(PlanarCameraState()); }),
+              "PlanarCameraState::mPrivate: expected 1080 bytes, got 0");
+}
+
+TEST(Arguments, MatricesAreGeneralAndReadByRows) {
+    Matrix matrix;
+    matrix.mData = {{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}};
+    const math::Mat4 m = toMat4(matrix, "matrix");
+    EXPECT_EQ(m.mElements, (std::array<double, 16>{1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15, 4, 8, 12, 16}));
+    EXPECT_EQ(m.mKind, math::MatrixKind::general);
+    Matrix back;
+    write(back, m);
+    EXPECT_EQ(back.mData, matrix.mData);
+}
+
+TEST(LittleEndian, NumbersStandLeastSignificantByteFirst) {
+    std::array<char, 8> bytes{};
+    writeNumber(bytes.data(), 1.5); // 3FF8000000000000
+    EXPECT_EQ(std::string(bytes.data(), 8), std::string("\0\0\0\0\0\0\xF8\x3F", 8));
+    EXPECT_EQ(readNumber<double>(bytes.data()), 1.5);
+    writeNumber(bytes.data(), std::uint32_t(0x01020304));
+    EXPECT_EQ(std::string(bytes.data(), 4), "\4\3\2\1");
+    writeNumber(bytes.data(), std::int32_t(-2));
+    EXPECT_EQ(std::string(bytes.data(), 4), "\xFE\xFF\xFF\xFF");
+    EXPECT_EQ(readNumber<std::int32_t>(bytes.data()), -2);
+}
+
+TEST(Failure, SetsCodeAndMessageWithTheirFlags) {
+    base::ServiceResult result;
+    Failure::ofCall("viewYaw").report(result);
+    EXPECT_EQ(result.mError, -1);
+    EXPECT_EQ(result.mMessage, "Call to viewYaw() failed.");
+    EXPECT_TRUE(result.__isset.mError);
+    EXPECT_TRUE(result.__isset.mMessage);
+    Failure::withText("Unable to create View object.").report(result);
+    EXPECT_EQ(result.mMessage, "Unable to create View object.");
+}
+
+TEST(Handler, HoldsTwoPointersBesideItsTables) {
+    static_assert(std::is_base_of_v<CameraAPIIf, CameraLibraryHandler>);
+    static_assert(std::is_nothrow_default_constructible_v<CameraLibraryHandler>);
+    static_assert(sizeof(CameraLibraryHandler) == sizeof(CameraAPIIf) + 2 * sizeof(void*));
+    static_assert(std::has_virtual_destructor_v<CameraLibraryHandler>);
+}
+
+} // namespace
+
+} // namespace qel::api::camera
