@@ -81,8 +81,12 @@ Difference differenceOf(const Record& a, const Record& b) {
     for (std::size_t i = 0; i < left.size(); ++i) {
         difference.units = std::max(difference.units, unitsApart(left[i], right[i]));
         if (std::isfinite(left[i]) && std::isfinite(right[i])) {
-            largest = std::max({largest, std::fabs(left[i]), std::fabs(right[i])});
-            furthest = std::max(furthest, std::fabs(left[i] - right[i]));
+            const double size = std::max(std::fabs(left[i]), std::fabs(right[i]));
+            largest = std::max(largest, size);
+            // What an image holds in whole numbers reads as denormal ones; no rounding changes those.
+            const bool whole = size < 1e-300 && left[i] != right[i];
+            furthest =
+                std::max(furthest, whole ? std::numeric_limits<double>::infinity() : std::fabs(left[i] - right[i]));
         } else if (unitsApart(left[i], right[i]) != 0) {
             furthest = std::numeric_limits<double>::infinity();
         }
