@@ -85,7 +85,7 @@ install_needed() {
         exit 1
     fi
     local environment=(env DEBIAN_FRONTEND=noninteractive)
-    local options=(-q -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
+    local options=(-qq -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
     if ! as_root "${environment[@]}" "${install[@]}" "${options[@]}" </dev/null >&2; then
         # The lists may name versions that the mirror has replaced since.
         [[ -z $apt_lists_refreshed ]] || die "apt-get install failed; its messages stand above"
