@@ -27,7 +27,7 @@ constexpr int interrupted = 130; // what a shell reports of a program that Ctrl-
 
 volatile std::sig_atomic_t interruption = 0;
 
-struct Interrupted {};
+class Interrupted : public std::exception {};
 
 /// In the folder of libraries beside the program's own, or else in the program's own.
 std::filesystem::path defaultModule() {
@@ -80,9 +80,7 @@ int tour(const host::TourOptions& options) {
     }
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     CLI::App app("Shows what the camera component does.", "camera");
     app.set_version_flag("--version", std::string("camera ") + CAMERA_VERSION);
     app.require_subcommand(1);
@@ -108,4 +106,15 @@ int main(int argc, char** argv) {
         return app.exit(error) == 0 ? EXIT_SUCCESS : misused;
     }
     return tour(options);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "camera: %s\n", error.what());
+        return failed;
+    }
 }

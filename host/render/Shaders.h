@@ -49,9 +49,10 @@ uniform bool orthographic;
 void main()
 {
     vec3 toEye = orthographic ? vec3(0.0, 0.0, 1.0) : normalize(-viewPosition);
-    vec3 face = cross(dFdx(viewPosition), dFdy(viewPosition));
+    vec3 face = cross(normalize(dFdx(viewPosition)), normalize(dFdy(viewPosition)));
     face *= dot(face, toEye) < 0.0 ? -1.0 : 1.0;
-    vec3 normal = normalize(viewNormal);
+    // A vertex without a normal, or with opposite ones, takes the triangle's.
+    vec3 normal = dot(viewNormal, viewNormal) > 0.0 ? normalize(viewNormal) : normalize(face);
     normal *= dot(normal, face) < 0.0 ? -1.0 : 1.0;
 
     const vec3 key = normalize(vec3(-0.50, 0.62, 0.60));

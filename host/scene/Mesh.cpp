@@ -89,7 +89,7 @@ void append(Mesh& mesh, const aiMesh& part, const std::filesystem::path& file) {
         mesh.positions.push_back({position.x, position.y, position.z});
         aiVector3D normal = part.HasNormals() ? part.mNormals[i] : aiVector3D();
         const float size = isFinite(normal) ? normal.Length() : 0.0F;
-        normal = size > 0.0F ? normal / size : aiVector3D(0.0F, 0.0F, 1.0F);
+        normal = size > 0.0F ? normal / size : aiVector3D();
         mesh.normals.push_back({normal.x, normal.y, normal.z});
     }
     for (unsigned int i = 0; i < part.mNumFaces; ++i) {

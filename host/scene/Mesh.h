@@ -22,7 +22,7 @@ public:
 /// Triangles with a normal at each vertex, and the box around them.
 struct Mesh {
     std::vector<Vec3> positions;
-    std::vector<std::array<float, 3>> normals; ///< unit vectors, one for each position
+    std::vector<std::array<float, 3>> normals; ///< one for each position: a unit vector, or zero where none is known
     std::vector<std::uint32_t> triangles;      ///< three indices of positions each
     Box box;
 };

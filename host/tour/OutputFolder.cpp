@@ -63,7 +63,7 @@ fs::path makeFolderBeside(const fs::path& target) {
     const std::string stem =
         std::string(".").append(target.filename().string()).append(".tour-") + std::to_string(getpid()) + "-";
     for (int attempt = 0;; ++attempt) {
-        const fs::path folder = target.parent_path() / (stem + std::to_string(attempt));
+        fs::path folder = target.parent_path() / (stem + std::to_string(attempt));
         if (fs::create_directory(folder)) {
             return folder;
         }
@@ -98,8 +98,11 @@ OutputFolder::~OutputFolder() {
 
 void OutputFolder::publish() {
     // Exchanged in one step where there is something to exchange with; what was there goes with the hidden folder.
+    // The current folder is filled where it is: whoever works in it would be left in the old one.
+    std::error_code unknown;
+    const bool current = fs::equivalent(mTarget, fs::current_path(unknown), unknown);
     const unsigned int flags = fs::exists(mTarget) ? RENAME_EXCHANGE : RENAME_NOREPLACE;
-    if (renameat2(AT_FDCWD, mFolder.c_str(), AT_FDCWD, mTarget.c_str(), flags) == 0) {
+    if (!current && renameat2(AT_FDCWD, mFolder.c_str(), AT_FDCWD, mTarget.c_str(), flags) == 0) {
         return;
     }
     try {

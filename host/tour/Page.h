@@ -33,7 +33,7 @@ struct PageHead {
 };
 
 /// The record's text, with the length of each opaque image in its place.
-std::string readableText(const api::camera::PlanarCameraState& camera);
+std::string readableText(const api::camera::PlanarCameraState& state);
 
 /// One page of HTML that needs nothing but the pictures beside it.
 std::string makePage(const PageHead& head, const std::vector<Shot>& shots);

@@ -128,7 +128,9 @@ std::vector<Step> navigationSteps() {
          &markArea},
         {area, "area-after", "It fills the window",
          "The same four points of the world, seen by the new camera: the rectangle reaches the window's edges in one "
-         "direction and is widened to the window's shape in the other. The eye has moved sideways only.",
+         "direction and is widened to the window's shape in the other. The eye has moved sideways only. (An extent "
+         "below 0.001 on the near plane counts as "
+         "0.001, so a model of that size becomes smaller instead.)",
          &zoomIntoArea},
         {anchor, "anchor-before", "A point of the model is picked",
          "The cross hair marks the pixel, the dot the point of the model that is seen there.",

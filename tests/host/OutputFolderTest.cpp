@@ -88,6 +88,20 @@ TEST(OutputFolder, LeavesAnEarlierTourAloneWhenItIsNotPublished) {
     EXPECT_EQ(contentOf(folder.path()).size(), 1U);
 }
 
+TEST(OutputFolder, FillsTheCurrentFolderWhereItIs) {
+    const TemporaryFolder folder;
+    makeEarlierTour(folder / "out");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder / "out");
+    {
+        OutputFolder output(".");
+        writeFile(output.folder() / "index.html", page);
+        output.publish();
+    }
+    EXPECT_EQ(contentOf("."), (std::map<std::string, std::string>{{"index.html", page}}));
+    std::filesystem::current_path(before);
+}
+
 TEST(OutputFolder, FollowsALinkToAFolder) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "real");
