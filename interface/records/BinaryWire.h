@@ -107,10 +107,7 @@ public:
 private:
     /// A byte may say anything, an enumeration without a fixed type only what fits its bits. What does not becomes a
     /// type that nobody knows, which is refused where the value would be read.
-    TType readType() {
-        constexpr std::uint8_t unknown = 31;
-        return static_cast<TType>(std::min(*mSource.take(1), unknown));
-    }
+    TType readType() { return static_cast<TType>(std::min(*mSource.take(1), noType)); }
 
     std::uint32_t readSize(std::int32_t limit) {
         std::int32_t size = 0;

@@ -29,6 +29,7 @@ public:
     FieldHeader beginField() {
         FieldHeader header;
         mCount += mProtocol.readFieldBegin(mName, header.type, header.id);
+        header.type = soundType(header.type);
         return header;
     }
     void endField() { mCount += mProtocol.readFieldEnd(); }
@@ -36,6 +37,7 @@ public:
     Elements beginList() {
         Elements elements;
         mCount += mProtocol.readListBegin(elements.type, elements.size);
+        elements.type = soundType(elements.type);
         return elements;
     }
     void endList() { mCount += mProtocol.readListEnd(); }
@@ -43,6 +45,7 @@ public:
     Elements beginSet() {
         Elements elements;
         mCount += mProtocol.readSetBegin(elements.type, elements.size);
+        elements.type = soundType(elements.type);
         return elements;
     }
     void endSet() { mCount += mProtocol.readSetEnd(); }
@@ -50,6 +53,8 @@ public:
     Pairs beginMap() {
         Pairs pairs;
         mCount += mProtocol.readMapBegin(pairs.keyType, pairs.valueType, pairs.size);
+        pairs.keyType = soundType(pairs.keyType);
+        pairs.valueType = soundType(pairs.valueType);
         return pairs;
     }
     void endMap() { mCount += mProtocol.readMapEnd(); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -11,6 +12,19 @@
 namespace qel::api::records {
 
 using ::apache::thrift::protocol::TType;
+
+/// The largest number that a TType can hold, since its enumerators end at 16. It stands for no type, and is refused
+/// where it is used.
+inline constexpr std::uint8_t noType = 31;
+
+/// Thrift's protocols make a TType of any byte that arrives. To look at one that holds more than it can is undefined;
+/// this makes it noType.
+inline TType soundType(const TType& announced) {
+    std::underlying_type_t<TType> number;
+    static_assert(std::is_unsigned_v<decltype(number)>);
+    std::memcpy(&number, &announced, sizeof(number));
+    return static_cast<TType>(number < noType ? number : noType);
+}
 
 /// What a protocol announces before the values themselves.
 struct FieldHeader {
