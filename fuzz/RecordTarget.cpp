@@ -64,9 +64,10 @@ public:
 
     template <class Record>
     void read(Record& record, std::span<const std::uint8_t> bytes) {
-        // The buffer does not write into what it observes.
-        mBuffer->resetBuffer(const_cast<std::uint8_t*>(bytes.data()), static_cast<std::uint32_t>(bytes.size()),
-                             TMemoryBuffer::OBSERVE);
+        // The buffer does not write into what it observes. Thrift adds to the pointer, which must not be null.
+        static std::uint8_t nothing = 0;
+        std::uint8_t* const data = bytes.empty() ? &nothing : const_cast<std::uint8_t*>(bytes.data());
+        mBuffer->resetBuffer(data, static_cast<std::uint32_t>(bytes.size()), TMemoryBuffer::OBSERVE);
         record.read(mProtocol.get());
     }
 
