@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -54,28 +55,39 @@ void expectCodeAlone(const base::ServiceResult& outcome, const std::int32_t code
 
 class MemoryRunsOut : public ::testing::Test {
 protected:
-    /// Fails every allocation of a call in turn. `start` makes the result record that each call begins with.
+    /// Fails every allocation of an operation in turn. `start` makes the result record that each call begins with.
     template <class OperationType, class Start>
     std::size_t exhaust(const std::size_t slot, const OperationType& operation, const Fail fail, const Start& start) {
+        using Result = ResultOf<OperationType>;
         const auto arguments = mSamples.argumentsOf(operation);
-        const std::string expected = fingerprint(callAfresh(*mService, operation, arguments).mValue);
+        return exhaustCall<Result>(slot, fail, start,
+                                   [&](Result& result) { call(*mService, operation, result, arguments); });
+    }
+
+    /// The same for any call with a result of this kind: made once a kind, or its compilation would take minutes.
+    template <class Result>
+    std::size_t exhaustCall(const std::size_t slot, const Fail fail, const std::function<Result()>& start,
+                            const std::function<void(Result&)>& invoke) {
+        Result fresh;
+        invoke(fresh);
+        const std::string expected = fingerprint(fresh.mValue);
         for (std::size_t n = 1; n <= mostAllocations; ++n) {
-            SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
+            SCOPED_TRACE(std::string(slots[slot].operation) + ", allocation " + std::to_string(n));
             const std::ptrdiff_t before = heldBlocks();
             bool passed = false;
             {
-                auto result = start();
+                Result result = start();
                 Allocations allocations(fail, n);
-                call(*mService, operation, result, arguments); // an exception here would end the test
+                invoke(result); // an exception here would end the test
                 allocations.stop();
                 passed = allocations.failed() == 0;
                 if (!passed) {
                     fail == Fail::one ? expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage)
                                       : expectCodeAlone(result.mResult, failureCode(slot));
-                    const auto copy = result; // touches all that the payload holds
+                    const Result copy = result; // touches all that the payload holds
                     EXPECT_EQ(fingerprint(copy), fingerprint(result));
                     result.mResult = base::ServiceResult();
-                    call(*mService, operation, result, arguments);
+                    invoke(result);
                 }
                 EXPECT_EQ(result.mResult.mError, 0);
                 EXPECT_EQ(fingerprint(result.mValue), expected) << "the same call right after";
@@ -85,7 +97,7 @@ protected:
                 return n - 1;
             }
         }
-        ADD_FAILURE() << operation.name << " never passes";
+        ADD_FAILURE() << slots[slot].operation << " never passes";
         return 0;
     }
 
