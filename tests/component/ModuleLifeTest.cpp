@@ -146,9 +146,11 @@ TEST(ModuleLife, LoadingAndUnloadingLeavesNothingBehind) {
     for (std::size_t i = 0; i < rounds; ++i) {
         liveOnce();
     }
-    EXPECT_LE(mappingsOf(""), mappings + (sanitized ? 8 : 0)) << "a sanitizer's heap may take a few more";
+    // A module that stayed would take several mappings each time, a block that stayed 32 bytes or more; what is allowed
+    // is the system's own way of cutting up memory.
+    EXPECT_LT(mappingsOf(""), mappings + rounds / 10);
     if (!sanitized) {
-        EXPECT_LT(mallinfo2().uordblks, before.uordblks + rounds) << "less than a byte on the heap each time";
+        EXPECT_LT(mallinfo2().uordblks, before.uordblks + rounds * 16) << "bytes on the heap";
     }
 }
 

@@ -65,11 +65,15 @@ TEST_F(Reuse, ResultOfAnotherShapeIsBroughtIntoShape) {
         for (Vector* vector : vectors) {
             vector->mData.assign(11, 99.0);
         }
-        std::vector<ViewState*> views;
-        collectParts(misshapen.mValue, views);
-        for (ViewState* view : views) {
-            view->mOrientation.mData.assign(1, 99.0);
-            view->mPrivate.assign(2000, 'x');
+        std::vector<Quaternion*> quaternions;
+        collectParts(misshapen.mValue, quaternions);
+        for (Quaternion* quaternion : quaternions) {
+            quaternion->mData.assign(1, 99.0);
+        }
+        std::vector<std::string*> images;
+        collectParts(misshapen.mValue, images);
+        for (std::string* image : images) {
+            image->assign(2000, 'x');
         }
         call(*mService, operation, misshapen, arguments);
         EXPECT_EQ(fingerprint(misshapen), fingerprint(fresh));
