@@ -199,6 +199,85 @@ TEST(ServiceResult, SettersStoreAndRaiseTheFlag) {
     EXPECT_TRUE(result.__isset.mMessage);
 }
 
+/// The setter stores its value in the member and raises the member's flag; the other fields and flags stay.
+template <class Record, class Parameter, class Value>
+void expectSets(void (Record::*set)(Parameter), Value Record::*member) {
+    RandomRecords random(19);
+    auto record = random.make<Record>();
+    forEachField<Record>([&](const auto& field) { field.markSet(record, false); });
+    const Record before(record);
+    Value value = before.*member;
+    random.change(value);
+    (record.*set)(value);
+    forEachField<Record>([&](const auto& field) {
+        bool itself = false;
+        if constexpr (std::is_same_v<decltype(field.member), Value Record::*>) {
+            itself = field.member == member;
+        }
+        EXPECT_EQ(field.isSet(record), itself) << field.name;
+        if (!itself) {
+            EXPECT_TRUE(identical(record.*field.member, before.*field.member)) << field.name;
+        }
+    });
+    EXPECT_TRUE(identical(record.*member, value));
+}
+
+TEST(Setters, StoreAndRaiseTheFlagOfTheirOwnFieldAlone) {
+    using namespace camera;
+    using base::StringResult;
+    expectSets(&ServiceResult::__set_mError, &ServiceResult::mError);
+    expectSets(&ServiceResult::__set_mMessage, &ServiceResult::mMessage);
+    expectSets(&StringResult::__set_mResult, &StringResult::mResult);
+    expectSets(&StringResult::__set_mValue, &StringResult::mValue);
+    expectSets(&Vector::__set_mData, &Vector::mData);
+    expectSets(&Quaternion::__set_mData, &Quaternion::mData);
+    expectSets(&Matrix::__set_mData, &Matrix::mData);
+    expectSets(&Frustum::__set_mLeft, &Frustum::mLeft);
+    expectSets(&Frustum::__set_mRight, &Frustum::mRight);
+    expectSets(&Frustum::__set_mBottom, &Frustum::mBottom);
+    expectSets(&Frustum::__set_mTop, &Frustum::mTop);
+    expectSets(&Frustum::__set_mNearDist, &Frustum::mNearDist);
+    expectSets(&Frustum::__set_mFarDist, &Frustum::mFarDist);
+    expectSets(&Viewport::__set_mX, &Viewport::mX);
+    expectSets(&Viewport::__set_mY, &Viewport::mY);
+    expectSets(&Viewport::__set_mWidth, &Viewport::mWidth);
+    expectSets(&Viewport::__set_mHeight, &Viewport::mHeight);
+    expectSets(&Viewport::__set_mDepthMin, &Viewport::mDepthMin);
+    expectSets(&Viewport::__set_mDepthMax, &Viewport::mDepthMax);
+    expectSets(&ViewState::__set_mViewTransformMatrix, &ViewState::mViewTransformMatrix);
+    expectSets(&ViewState::__set_mViewMatrix, &ViewState::mViewMatrix);
+    expectSets(&ViewState::__set_mEye, &ViewState::mEye);
+    expectSets(&ViewState::__set_mDirection, &ViewState::mDirection);
+    expectSets(&ViewState::__set_mOrientation, &ViewState::mOrientation);
+    expectSets(&ViewState::__set_mPrivate, &ViewState::mPrivate);
+    expectSets(&ProjectionState::__set_mProjectionMatrix, &ProjectionState::mProjectionMatrix);
+    expectSets(&ProjectionState::__set_mProjectionType, &ProjectionState::mProjectionType);
+    expectSets(&ProjectionState::__set_mFrustum, &ProjectionState::mFrustum);
+    expectSets(&ProjectionState::__set_mPrivate, &ProjectionState::mPrivate);
+    expectSets(&SurfaceState::__set_mViewport, &SurfaceState::mViewport);
+    expectSets(&SurfaceState::__set_mResolutionX, &SurfaceState::mResolutionX);
+    expectSets(&SurfaceState::__set_mResolutionY, &SurfaceState::mResolutionY);
+    expectSets(&SurfaceState::__set_mPrivate, &SurfaceState::mPrivate);
+    expectSets(&PlanarCameraState::__set_mViewState, &PlanarCameraState::mViewState);
+    expectSets(&PlanarCameraState::__set_mProjectionState, &PlanarCameraState::mProjectionState);
+    expectSets(&PlanarCameraState::__set_mSurfaceState, &PlanarCameraState::mSurfaceState);
+    expectSets(&PlanarCameraState::__set_mPrivate, &PlanarCameraState::mPrivate);
+    expectSets(&VectorResult::__set_mValue, &VectorResult::mValue);
+    expectSets(&VectorResult::__set_mResult, &VectorResult::mResult);
+    expectSets(&MatrixResult::__set_mValue, &MatrixResult::mValue);
+    expectSets(&MatrixResult::__set_mResult, &MatrixResult::mResult);
+    expectSets(&ViewStateResult::__set_mValue, &ViewStateResult::mValue);
+    expectSets(&ViewStateResult::__set_mResult, &ViewStateResult::mResult);
+    expectSets(&ProjectionStateResult::__set_mValue, &ProjectionStateResult::mValue);
+    expectSets(&ProjectionStateResult::__set_mResult, &ProjectionStateResult::mResult);
+    expectSets(&SurfaceStateResult::__set_mValue, &SurfaceStateResult::mValue);
+    expectSets(&SurfaceStateResult::__set_mResult, &SurfaceStateResult::mResult);
+    expectSets(&PlanarCameraStateResult::__set_mValue, &PlanarCameraStateResult::mValue);
+    expectSets(&PlanarCameraStateResult::__set_mResult, &PlanarCameraStateResult::mResult);
+    expectSets(&DoubleResult::__set_mResult, &DoubleResult::mResult);
+    expectSets(&DoubleResult::__set_mValue, &DoubleResult::mValue);
+}
+
 TEST(ProjectionState, StartsPerspective) { EXPECT_EQ(ProjectionState().mProjectionType, ProjectionType::PERSPECTIVE); }
 
 TEST(ProjectionType, NamesItsTwoValuesAndNoOther) {

@@ -11,6 +11,9 @@
 
 namespace qel::api {
 
+// A table keeps one field a line.
+// clang-format off
+
 template <>
 struct FieldTable<camera::Vector> {
     static constexpr const char* recordName = "Vector";
@@ -169,5 +172,7 @@ struct FieldTable<camera::DoubleResult> {
         QEL_API_FIELD(2, camera::DoubleResult, mValue, plain),
     };
 };
+
+// clang-format on
 
 } // namespace qel::api
