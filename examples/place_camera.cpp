@@ -6,7 +6,7 @@
 
 using namespace qel::api::camera;
 
-int main(int, char** arguments) {
+int main(int, char** arguments) try {
     const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
     CameraAPIIf& service = component.camera();
 
@@ -21,4 +21,7 @@ int main(int, char** arguments) {
     service.transformWorldPointToScreenPoint(pixel, camera.mValue, corner);
     std::cout << "eye " << camera.mValue.mViewState.mEye << "\ncorner at pixel " << pixel.mValue << '\n';
     return camera.mResult.mError != 0 || pixel.mResult.mError != 0 ? 1 : 0;
+} catch (const qel::host::LoadError& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
 }

@@ -243,7 +243,8 @@ struct Camera {
     [[nodiscard]] Vector onBall(std::uint32_t px, std::uint32_t py) const {
         const std::uint32_t rx = surface.resolutionX, ry = surface.resolutionY;
         const Real smaller = std::min(rx, ry);
-        const Real x = 2.0L * (px - rx * surface.viewport[0]) / smaller - Real(rx / ry);
+        const std::uint32_t wholeAspect = rx / ry;
+        const Real x = 2.0L * (px - rx * surface.viewport[0]) / smaller - Real(wholeAspect);
         const Real y = 2.0L * (py - ry * surface.viewport[1]) / smaller - 1.0L;
         const Real radius = std::hypot(x, y);
         return radius > 0.5L ? unit({x, y, 0.5L / radius}) : Vector{x, y, std::sqrt(1.0L - radius * radius)};
