@@ -16,31 +16,12 @@ namespace {
 
 class Reuse : public ::testing::Test {
 protected:
-    /// A camera that differs from the samples in every part.
-    [[nodiscard]] Samples others() const {
-        Samples other;
-        ViewStateResult view;
-        mService->viewRotateAboutWorldAxis(view, mSamples.view, vectorOf(0.0, 0.0, 0.0), vectorOf(0.0, 1.0, 0.0), 1.0,
-                                           0.25);
-        other.view = view.mValue;
-        ProjectionStateResult projection;
-        mService->projectionUpdateOrthographic(projection, mSamples.projection, 3.0, 2.0, 0.25, 30.0);
-        other.projection = projection.mValue;
-        SurfaceStateResult surface;
-        mService->surfaceCreate(surface, 0.0, 0.25, 0.75, 0.5, 0.25, 0.75, 1000, 500);
-        other.surface = surface.mValue;
-        PlanarCameraStateResult planarCamera;
-        mService->planarCameraCreate(planarCamera, other.view, other.projection, other.surface);
-        other.planarCamera = planarCamera.mValue;
-        return other;
-    }
-
     LoadedService mService;
     Samples mSamples{*mService};
 };
 
 TEST_F(Reuse, ReusedResultIsTheSameAsAFreshOne) {
-    const Samples other = others();
+    const Samples other = otherSamples(*mService);
     forEachOperation([&](std::size_t, const auto& operation) {
         SCOPED_TRACE(operation.name);
         auto result = callAfresh(*mService, operation, other.argumentsOf(operation));
@@ -81,7 +62,7 @@ TEST_F(Reuse, ResultOfAnotherShapeIsBroughtIntoShape) {
 }
 
 TEST_F(Reuse, SecondCallWritesIntoTheStorageOfTheFirst) {
-    const Samples other = others();
+    const Samples other = otherSamples(*mService);
     forEachOperation([&](const std::size_t slot, const auto& operation) {
         SCOPED_TRACE(operation.name);
         auto result = callAfresh(*mService, operation, mSamples.argumentsOf(operation));

@@ -171,4 +171,22 @@ private:
     }
 };
 
+/// The same arguments but for the states, which differ in every part.
+inline Samples otherSamples(CameraAPIIf& service) {
+    Samples samples(service);
+    ViewStateResult view;
+    service.viewRotateAboutWorldAxis(view, samples.view, vectorOf(0.0, 0.0, 0.0), vectorOf(0.0, 1.0, 0.0), 1.0, 0.25);
+    samples.view = view.mValue;
+    ProjectionStateResult projection;
+    service.projectionUpdateOrthographic(projection, samples.projection, 3.0, 2.0, 0.25, 30.0);
+    samples.projection = projection.mValue;
+    SurfaceStateResult surface;
+    service.surfaceCreate(surface, 0.0, 0.25, 0.75, 0.5, 0.25, 0.75, 1000, 500);
+    samples.surface = surface.mValue;
+    PlanarCameraStateResult planarCamera;
+    service.planarCameraCreate(planarCamera, samples.view, samples.projection, samples.surface);
+    samples.planarCamera = planarCamera.mValue;
+    return samples;
+}
+
 } // namespace qel::api::camera::test
