@@ -126,10 +126,10 @@ Vec3 PlanarCamera::arcballPoint(const Pixel& pixel) const {
     }
     const math::Viewport& viewport = mSurface.viewport();
     const double scale = 1.0 / static_cast<double>(std::min(resolutionX, resolutionY));
-    const auto wholeAspect = static_cast<double>(resolutionX / resolutionY);
+    const std::uint32_t wholeAspect = resolutionX / resolutionY;
     const double left = static_cast<double>(resolutionX) * viewport.x;
     const double bottom = static_cast<double>(resolutionY) * viewport.y;
-    const double x = ((static_cast<double>(pixel.x) - left) * scale) * 2.0 - wholeAspect;
+    const double x = ((static_cast<double>(pixel.x) - left) * scale) * 2.0 - static_cast<double>(wholeAspect);
     const double y = ((static_cast<double>(pixel.y) - bottom) * scale) * 2.0 - 1.0;
     const double radius = std::sqrt(x * x + y * y);
     if (radius > 0.5) {

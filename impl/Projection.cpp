@@ -11,7 +11,6 @@ namespace qel::api::camera::impl {
 using math::Frustum;
 using math::Mat4;
 using math::tolerance;
-using math::Vec3;
 
 namespace {
 
