@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <stdexcept>
 
 #include "CameraTesting.h"
@@ -91,7 +94,7 @@ TEST(Arcball, StartsAtTheCornerOfTheViewport) {
 std::array<long double, 3> ballPoint(const PlanarCamera& camera, const Pixel& pixel) {
     const impl::Surface& surface = camera.surface();
     const long double smaller = std::min(surface.resolutionX(), surface.resolutionY());
-    const long double whole = surface.resolutionX() / surface.resolutionY();
+    const std::uint32_t whole = surface.resolutionX() / surface.resolutionY(); // truncated on purpose
     const long double x = 2 * (pixel.x - surface.viewport().x * surface.resolutionX()) / smaller - whole;
     const long double y = 2 * (pixel.y - surface.viewport().y * surface.resolutionY()) / smaller - 1;
     const long double radius = std::hypot(x, y);

@@ -18,7 +18,6 @@ using impl::Projection;
 using impl::ScreenPoint;
 using impl::Surface;
 using impl::View;
-using math::Frustum;
 using math::Vec3;
 
 /// Near 1 and far 3, so that all steps of the depth are exact: infinity is at 2 in device coordinates, at 1.5 as a

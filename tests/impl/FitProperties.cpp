@@ -14,7 +14,6 @@ namespace {
 
 using impl::Box;
 using impl::PlanarCamera;
-using math::Frustum;
 using math::Vec3;
 
 /// Somewhere in the world, its corners in any order, a tenth of the world's size at least in each direction.

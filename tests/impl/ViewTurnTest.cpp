@@ -171,6 +171,14 @@ TEST(View, YawPitchRollLeavesOutNegligibleAngles) {
     EXPECT_TRUE(same(view, expected));
 }
 
+TEST(View, YawPitchRollLeavesOutANegligiblePitch) {
+    View view = someView();
+    view.yawPitchRoll(0.5, 1e-7, 0.0);
+    View expected = someView();
+    expected.yawPitchRoll(0.5, 0.0, 0.0);
+    EXPECT_TRUE(same(view, expected));
+}
+
 TEST(View, YawPitchRollLeavesOutAnAngleOfNaN) {
     View view = someView();
     view.yawPitchRoll(nan, 0.5, nan);

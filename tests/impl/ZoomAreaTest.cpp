@@ -178,6 +178,30 @@ TEST(ZoomArea, TakesTheBackgroundFromTheViewport) {
     EXPECT_TRUE(same(camera, expected));
 }
 
+// With the background at 0, or at the tolerance itself, both differences can be exactly the tolerance.
+TEST(ZoomArea, CountsDepthsThatDifferByExactlyTheToleranceAsBackground) {
+    PlanarCamera before = squareCamera();
+    before.setSurface(surfaceOf({0, 0, 1, 1, -1, 0}, 512, 512));
+    PlanarCamera expected = before;
+    expected.zoomArea({100, 200, 0.9}, {300, 400, 0.9});
+    PlanarCamera camera = before;
+    camera.zoomArea({100, 200, 0.0}, {300, 400, 1e-7});
+    EXPECT_TRUE(same(camera, expected));
+    camera = before;
+    camera.zoomArea({100, 200, 0.0}, {300, 400, justAbove(1e-7)});
+    EXPECT_FALSE(same(camera, expected));
+}
+
+TEST(ZoomArea, CountsADepthAtExactlyTheToleranceFromTheMaximumAsBackground) {
+    PlanarCamera before = squareCamera();
+    before.setSurface(surfaceOf({0, 0, 1, 1, -1, 1e-7}, 512, 512));
+    PlanarCamera expected = before;
+    expected.zoomArea({100, 200, 0.9}, {300, 400, 0.9});
+    PlanarCamera camera = before;
+    camera.zoomArea({100, 200, 0.0}, {300, 400, 0.0});
+    EXPECT_TRUE(same(camera, expected));
+}
+
 TEST(ZoomArea, DoesNotReplaceADepthOfOneThatIsNotTheViewportsMaximum) {
     PlanarCamera camera = withDepths(0.0, 0.5);
     camera.zoomArea({100, 200, 1.0}, {300, 400, 1.0});
