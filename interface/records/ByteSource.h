@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include <thrift/transport/TTransport.h>
@@ -97,13 +98,19 @@ private:
 
     std::size_t lookedAt() const { return static_cast<std::size_t>(mEnd - mNext); }
 
-    /// Looks into the transport's buffer, if it has one that holds `size` bytes or more.
+    /// Looks into the transport's buffer, if it has one that holds `size` bytes or more beyond those decoded. Else
+    /// what is looked at stays as it is.
     void look(std::uint32_t size) {
-        settle();
-        std::uint32_t available = size;
+        const auto decoded = static_cast<std::size_t>(mNext - mBegin);
+        if (decoded > std::numeric_limits<std::uint32_t>::max() - size) {
+            settle(); // the sum is no size that a transport could be asked for
+            return look(size);
+        }
+        std::uint32_t available = static_cast<std::uint32_t>(decoded) + size;
         const std::uint8_t* bytes = mTransport.borrow(nullptr, &available);
         if (bytes != nullptr) {
-            mBegin = mNext = bytes;
+            mBegin = bytes;
+            mNext = bytes + decoded;
             mEnd = bytes + available;
         }
     }
@@ -113,6 +120,7 @@ private:
         if (lookedAt() >= size) {
             return takeAtHand(size);
         }
+        settle();
         mTransport.readAll(mSmall.data(), size);
         mCount += size;
         return mSmall.data();

@@ -19,6 +19,7 @@ enum class Encoding : std::uint8_t { other, binary, binaryLittleEndian, compact 
 struct KnownProtocol {
     Encoding encoding = Encoding::other;
     WireLimits limits;
+    ::apache::thrift::transport::TTransport* transport = nullptr; ///< the protocol's own
 };
 
 /// Recognises a protocol by its exact class. A class derived from one of Thrift's may encode otherwise and is `other`.
@@ -48,28 +49,27 @@ std::uint32_t withReader(::apache::thrift::protocol::TProtocol& protocol, Work w
     if (known.encoding == Encoding::other) {
         return finishAfter(ProtocolReader(protocol), work);
     }
-    const auto transport = protocol.getTransport();
     switch (known.encoding) {
-    case Encoding::binary: return finishAfter(BinaryReader<std::endian::big>(protocol, *transport, known.limits), work);
+    case Encoding::binary:
+        return finishAfter(BinaryReader<std::endian::big>(protocol, *known.transport, known.limits), work);
     case Encoding::binaryLittleEndian:
-        return finishAfter(BinaryReader<std::endian::little>(protocol, *transport, known.limits), work);
-    default: return finishAfter(CompactReader(protocol, *transport, known.limits), work);
+        return finishAfter(BinaryReader<std::endian::little>(protocol, *known.transport, known.limits), work);
+    default: return finishAfter(CompactReader(protocol, *known.transport, known.limits), work);
     }
 }
 
 /// Calls work(writer) with the writer that suits the protocol; returns the bytes written.
 template <class Work>
 std::uint32_t withWriter(::apache::thrift::protocol::TProtocol& protocol, Work work) {
-    const Encoding encoding = recognise(protocol).encoding;
-    if (encoding == Encoding::other) {
+    const KnownProtocol known = recognise(protocol);
+    if (known.encoding == Encoding::other) {
         return finishAfter(ProtocolWriter(protocol), work);
     }
-    const auto transport = protocol.getTransport();
-    switch (encoding) {
-    case Encoding::binary: return finishAfter(BinaryWriter<std::endian::big>(protocol, *transport), work);
+    switch (known.encoding) {
+    case Encoding::binary: return finishAfter(BinaryWriter<std::endian::big>(protocol, *known.transport), work);
     case Encoding::binaryLittleEndian:
-        return finishAfter(BinaryWriter<std::endian::little>(protocol, *transport), work);
-    default: return finishAfter(CompactWriter(protocol, *transport), work);
+        return finishAfter(BinaryWriter<std::endian::little>(protocol, *known.transport), work);
+    default: return finishAfter(CompactWriter(protocol, *known.transport), work);
     }
 }
 
