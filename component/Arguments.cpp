@@ -4,44 +4,28 @@
 #include <cstddef>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace qel::api::camera {
 
-namespace {
-
-template <class List>
-void expectAtLeast(const List& list, const std::size_t count, const char* argument, const char* what) {
-    if (list.size() < count) {
-        throw std::invalid_argument(std::string("argument ") + argument + ": expected " + std::to_string(count) + ' ' +
-                                    what + ", got " + std::to_string(list.size()));
-    }
-}
-
-} // namespace
-
-math::Vec3 toVec3(const Vector& vector, const char* argument) {
-    const std::vector<double>& data = vector.mData;
-    expectAtLeast(data, 3, argument, "values");
-    return {data[0], data[1], data[2]};
-}
-
-math::Quat toQuat(const Quaternion& quaternion, const char* argument) {
-    const std::vector<double>& data = quaternion.mData;
-    expectAtLeast(data, 4, argument, "values");
-    return {data[0], data[1], data[2], data[3]};
+void throwTooShort(const char* argument, const std::size_t expected, const char* what, const std::size_t size) {
+    throw std::invalid_argument(std::string("argument ") + argument + ": expected " + std::to_string(expected) + ' ' +
+                                what + ", got " + std::to_string(size));
 }
 
 math::Mat4 toMat4(const Matrix& matrix, const char* argument) {
     expectAtLeast(matrix.mData, 4, argument, "rows");
-    math::Mat4 m = math::zeroMatrix(math::MatrixKind::general);
     for (std::size_t r = 0; r < 4; ++r) {
         expectAtLeast(matrix.mData[r], 4, argument, "values in a row");
-        for (std::size_t k = 0; k < 4; ++k) {
-            m(r, k) = matrix.mData[r][k];
-        }
     }
-    return m;
+    const double* row0 = matrix.mData[0].data();
+    const double* row1 = matrix.mData[1].data();
+    const double* row2 = matrix.mData[2].data();
+    const double* row3 = matrix.mData[3].data();
+    return {{row0[0], row1[0], row2[0], row3[0], //
+             row0[1], row1[1], row2[1], row3[1], //
+             row0[2], row1[2], row2[2], row3[2], //
+             row0[3], row1[3], row2[3], row3[3]},
+            math::MatrixKind::general};
 }
 
 } // namespace qel::api::camera

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include <qel/api/camera/Values.h>
@@ -14,8 +15,28 @@ namespace qel::api::camera {
 
 // Argument records to internal values. Lists that are too short throw std::invalid_argument, which names the argument;
 // surplus values are ignored.
-[[nodiscard]] math::Vec3 toVec3(const Vector& vector, const char* argument);
-[[nodiscard]] math::Quat toQuat(const Quaternion& quaternion, const char* argument);
+
+[[noreturn]] void throwTooShort(const char* argument, std::size_t expected, const char* what, std::size_t size);
+
+template <class List>
+void expectAtLeast(const List& list, std::size_t count, const char* argument, const char* what) {
+    if (list.size() < count) [[unlikely]] {
+        throwTooShort(argument, count, what, list.size());
+    }
+}
+
+[[nodiscard]] inline math::Vec3 toVec3(const Vector& vector, const char* argument) {
+    expectAtLeast(vector.mData, 3, argument, "values");
+    const double* data = vector.mData.data();
+    return {data[0], data[1], data[2]};
+}
+
+[[nodiscard]] inline math::Quat toQuat(const Quaternion& quaternion, const char* argument) {
+    expectAtLeast(quaternion.mData, 4, argument, "values");
+    const double* data = quaternion.mData.data();
+    return {data[0], data[1], data[2], data[3]};
+}
+
 /// Of kind general, whatever the elements are.
 [[nodiscard]] math::Mat4 toMat4(const Matrix& matrix, const char* argument);
 

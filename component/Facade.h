@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <qel/api/camera/Results.h>
+
 #include "Failure.h"
 #include "StateConversion.h"
 
@@ -33,6 +35,29 @@ void change(Result& _return, const Failure& failure, const State& state, const C
         auto object = toObject(state);
         change(object);
         return object;
+    });
+}
+
+/// The same for an operation that works on a camera's view alone.
+template <class Change>
+void changeView(PlanarCameraStateResult& _return, const Failure& failure, const PlanarCameraState& state,
+                const Change& change) noexcept {
+    attempt(_return, failure, [&] {
+        const CameraBytes camera = bytesOf(state);
+        impl::View view = readView(camera.view.image);
+        change(view);
+        write(_return.mValue, view, camera);
+    });
+}
+
+/// The same for an operation on a camera that leaves its surface alone.
+template <class Change>
+void changeViewAndProjection(PlanarCameraStateResult& _return, const Failure& failure, const PlanarCameraState& state,
+                             const Change& change) noexcept {
+    attempt(_return, failure, [&] {
+        impl::PlanarCamera camera = toObject(state);
+        change(camera);
+        write(_return.mValue, camera.view(), camera.projection(), bytesOf(state));
     });
 }
 

@@ -1,13 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraLibraryHandler.h"
 
+#include <cstddef>
+
 #include "Arguments.h"
 #include "Facade.h"
+#include "ReadImage.h"
 #include "View.h"
 
 namespace qel::api::camera {
 
 using impl::View;
+
+namespace {
+
+// Of the view a transform reads the one matrix that it needs.
+
+math::Mat4 viewMatrixOf(const ViewState& state) {
+    return readMatrix<4>(viewImageOf(state) + offsetof(ViewImage, viewMatrix));
+}
+
+math::Mat4 viewTransformMatrixOf(const ViewState& state) {
+    return readMatrix<4>(viewImageOf(state) + offsetof(ViewImage, viewTransformMatrix));
+}
+
+} // namespace
 
 void CameraLibraryHandler::viewCreateDefault(ViewStateResult& _return) {
     answer(_return, Failure::withText("Unable to create View object."), [&] { return View(); });
@@ -98,25 +115,25 @@ void CameraLibraryHandler::viewRotateAboutViewAxes(ViewStateResult& _return, con
 void CameraLibraryHandler::viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
                                                                 const Vector& vector) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return toObject(state).worldToViewVector(toVec3(vector, "vector")); });
+           [&] { return transformVector(viewMatrixOf(state), toVec3(vector, "vector")); });
 }
 
 void CameraLibraryHandler::viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state,
                                                                 const Vector& vector) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return toObject(state).viewToWorldVector(toVec3(vector, "vector")); });
+           [&] { return transformVector(viewTransformMatrixOf(state), toVec3(vector, "vector")); });
 }
 
 void CameraLibraryHandler::viewTransformWorldPointToViewPoint(VectorResult& _return, const ViewState& state,
                                                               const Vector& point) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return toObject(state).worldToViewPoint(toVec3(point, "point")); });
+           [&] { return transformPlacementPoint(viewMatrixOf(state), toVec3(point, "point")); });
 }
 
 void CameraLibraryHandler::viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state,
                                                               const Vector& point) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return toObject(state).viewToWorldPoint(toVec3(point, "point")); });
+           [&] { return transformPlacementPoint(viewTransformMatrixOf(state), toVec3(point, "point")); });
 }
 
 } // namespace qel::api::camera

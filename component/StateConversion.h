@@ -7,6 +7,7 @@
 #include "Matrices.h"
 #include "PlanarCamera.h"
 #include "Projection.h"
+#include "ReadImage.h"
 #include "Surface.h"
 #include "Vectors.h"
 #include "View.h"
@@ -28,6 +29,12 @@ void write(ViewState& state, const impl::View& view);
 void write(ProjectionState& state, const impl::Projection& projection);
 void write(SurfaceState& state, const impl::Surface& surface);
 void write(PlanarCameraState& state, const impl::PlanarCamera& camera);
+/// From bytes alone, or with parts that an operation has changed; the other parts pass from image to image and are
+/// neither rebuilt nor written number by number.
+void write(PlanarCameraState& state, const CameraBytes& camera);
+void write(PlanarCameraState& state, const impl::View& view, const CameraBytes& others);
+void write(PlanarCameraState& state, const impl::View& view, const impl::Projection& projection,
+           const CameraBytes& others);
 void write(Vector& vector, const math::Vec3& v);
 void write(Matrix& matrix, const math::Mat4& m);
 

@@ -8,9 +8,6 @@
 
 namespace qel::api::camera::impl {
 
-PlanarCamera::PlanarCamera(const View& view, const Projection& projection, const Surface& surface)
-    : mView(view), mProjection(projection), mSurface(surface) {}
-
 void PlanarCamera::updateWindowSize(const std::uint32_t width, const std::uint32_t height) {
     if (width == 0 || height == 0) {
         return;
@@ -18,8 +15,7 @@ void PlanarCamera::updateWindowSize(const std::uint32_t width, const std::uint32
     const double scaleX = static_cast<double>(width) / static_cast<double>(mSurface.resolutionX());
     const double scaleY = static_cast<double>(height) / static_cast<double>(mSurface.resolutionY());
     mProjection.setFrustum(withSidesScaled(mProjection.frustum(), scaleX, scaleY), mProjection.isOrthographic());
-    mSurface.setResolutionX(width);
-    mSurface.setResolutionY(height);
+    mSurface.setResolution(width, height);
 }
 
 void PlanarCamera::updateClippingPlanes(const math::Vec3& centre, const double radius, const double minimumNearDist) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 
@@ -38,7 +39,13 @@ struct Pixel {
 class PlanarCamera final : public Camera {
 public:
     PlanarCamera() = default;
-    PlanarCamera(const View& view, const Projection& projection, const Surface& surface);
+    PlanarCamera(const View& view, const Projection& projection, const Surface& surface) noexcept
+        : mView(view), mProjection(projection), mSurface(surface) {}
+
+    /// The parts come from functions, so that each is made where it stays and never copied.
+    template <std::invocable MakeView, std::invocable MakeProjection, std::invocable MakeSurface>
+    PlanarCamera(const MakeView& makeView, const MakeProjection& makeProjection, const MakeSurface& makeSurface)
+        : mView(makeView()), mProjection(makeProjection()), mSurface(makeSurface()) {}
 
     [[nodiscard]] View& view() noexcept { return mView; }
     [[nodiscard]] const View& view() const noexcept { return mView; }
@@ -80,7 +87,12 @@ public:
 
     /// Turns the view about a world point as if a ball in the window were dragged from one pixel to another. Throws
     /// std::domain_error for a surface of no height, which only a forged image has.
-    void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to);
+    void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to) {
+        arcballRotation(mView, mSurface, centre, from, to);
+    }
+    /// The same with the parts of a camera that it needs.
+    static void arcballRotation(View& view, const Surface& surface, const math::Vec3& centre, const Pixel& from,
+                                const Pixel& to);
 
     /// Not yet implemented: each prints one line to standard output and changes nothing.
     void updateFromScreen() override;
@@ -89,8 +101,6 @@ public:
 
 private:
     [[nodiscard]] Box toViewSpace(const Box& worldBox) const noexcept;
-    /// The point of the unit sphere that a pixel of the window stands for.
-    [[nodiscard]] math::Vec3 arcballPoint(const Pixel& pixel) const;
 
     View mView;
     Projection mProjection;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <array>
+#include <algorithm>
 #include <cmath>
 
 #include "Pipeline.h"
@@ -21,7 +21,8 @@ constexpr double largestCoordinate = 3.4028234663852886e38;
 
 } // namespace
 
-/// The box around the eight corners as the view sees them. A corner coordinate that is NaN is passed over.
+/// The box around the eight corners as the view sees them. A corner coordinate that is NaN is passed over, so the
+/// corner is the second argument of min and max.
 Box PlanarCamera::toViewSpace(const Box& worldBox) const noexcept {
     const auto& [a, b] = worldBox;
     if (isNegligible(b - a)) {
@@ -34,14 +35,8 @@ Box PlanarCamera::toViewSpace(const Box& worldBox) const noexcept {
         for (const double y : {a.y, b.y}) {
             for (const double z : {a.z, b.z}) {
                 const Vec3 corner = mView.worldToViewPoint({x, y, z});
-                for (double Vec3::*axis : {&Vec3::x, &Vec3::y, &Vec3::z}) {
-                    if (corner.*axis < low.*axis) {
-                        low.*axis = corner.*axis;
-                    }
-                    if (corner.*axis > high.*axis) {
-                        high.*axis = corner.*axis;
-                    }
-                }
+                low = {std::min(low.x, corner.x), std::min(low.y, corner.y), std::min(low.z, corner.z)};
+                high = {std::max(high.x, corner.x), std::max(high.y, corner.y), std::max(high.z, corner.z)};
             }
         }
     }

@@ -37,6 +37,33 @@ bool fitsInt32(const double value) noexcept {
 /// Where the line from the eye through the point meets the near plane.
 Vec3 projectToNear(const Vec3& point, const double nearDist) noexcept { return point * (-nearDist / point.z); }
 
+/// The point of the unit sphere that a pixel of the window stands for.
+///
+/// Bell's variant of Shoemake's arcball (Graphics Interface 1992): a sphere that runs out into a hyperbolic sheet,
+/// so that no pixel is off the ball. The sheet begins at radius 0.5, nearer than where the two surfaces meet
+/// smoothly, and the aspect ratio is truncated to a whole number; both are required.
+Vec3 arcballPoint(const Surface& surface, const Pixel& pixel) {
+    const std::uint32_t resolutionX = surface.resolutionX();
+    const std::uint32_t resolutionY = surface.resolutionY();
+    if (resolutionY == 0) {
+        throw std::domain_error("the surface's resolution y: expected at least 1, got 0");
+    }
+    const math::Viewport& viewport = surface.viewport();
+    const double scale = 1.0 / static_cast<double>(std::min(resolutionX, resolutionY));
+    const std::uint32_t wholeAspect = resolutionX / resolutionY;
+    const double left = static_cast<double>(resolutionX) * viewport.x;
+    const double bottom = static_cast<double>(resolutionY) * viewport.y;
+    const double x = ((static_cast<double>(pixel.x) - left) * scale) * 2.0 - static_cast<double>(wholeAspect);
+    const double y = ((static_cast<double>(pixel.y) - bottom) * scale) * 2.0 - 1.0;
+    const double radius = std::sqrt(x * x + y * y);
+    if (radius > 0.5) {
+        Vec3 point{x, y, 0.5 / radius};
+        math::normalise3(point);
+        return point;
+    }
+    return {x, y, std::sqrt(1.0 - radius * radius)};
+}
+
 } // namespace
 
 void PlanarCamera::zoomArea(ScreenPoint first, ScreenPoint second) {
@@ -115,38 +142,14 @@ void PlanarCamera::panWithAnchor(const ScreenPoint& anchor, const std::int32_t d
     mView.translateInViewSpace({from.x - to.x, from.y - to.y, 0.0});
 }
 
-/// Bell's variant of Shoemake's arcball (Graphics Interface 1992): a sphere that runs out into a hyperbolic sheet,
-/// so that no pixel is off the ball. The sheet begins at radius 0.5, nearer than where the two surfaces meet
-/// smoothly, and the aspect ratio is truncated to a whole number; both are required.
-Vec3 PlanarCamera::arcballPoint(const Pixel& pixel) const {
-    const std::uint32_t resolutionX = mSurface.resolutionX();
-    const std::uint32_t resolutionY = mSurface.resolutionY();
-    if (resolutionY == 0) {
-        throw std::domain_error("the surface's resolution y: expected at least 1, got 0");
-    }
-    const math::Viewport& viewport = mSurface.viewport();
-    const double scale = 1.0 / static_cast<double>(std::min(resolutionX, resolutionY));
-    const std::uint32_t wholeAspect = resolutionX / resolutionY;
-    const double left = static_cast<double>(resolutionX) * viewport.x;
-    const double bottom = static_cast<double>(resolutionY) * viewport.y;
-    const double x = ((static_cast<double>(pixel.x) - left) * scale) * 2.0 - static_cast<double>(wholeAspect);
-    const double y = ((static_cast<double>(pixel.y) - bottom) * scale) * 2.0 - 1.0;
-    const double radius = std::sqrt(x * x + y * y);
-    if (radius > 0.5) {
-        Vec3 point{x, y, 0.5 / radius};
-        math::normalise3(point);
-        return point;
-    }
-    return {x, y, std::sqrt(1.0 - radius * radius)};
-}
-
-void PlanarCamera::arcballRotation(const Vec3& centre, const Pixel& from, const Pixel& to) {
-    const Vec3 start = arcballPoint(from);
-    const Vec3 end = arcballPoint(to);
+void PlanarCamera::arcballRotation(View& view, const Surface& surface, const Vec3& centre, const Pixel& from,
+                                   const Pixel& to) {
+    const Vec3 start = arcballPoint(surface, from);
+    const Vec3 end = arcballPoint(surface, to);
     Vec3 axis = cross(end, start);
     math::normalise3(axis);
     const double angle = std::acos(dot(start, end)); // not clamped: rounding may give NaN, which turns nothing
-    mView.rotateAboutAxis(centre, mView.rotation() * axis, angle, 0.0, View::PoleLimit::off);
+    view.rotateAboutAxis(centre, view.rotation() * axis, angle, 0.0, View::PoleLimit::off);
 }
 
 } // namespace qel::api::camera::impl

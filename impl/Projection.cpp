@@ -38,9 +38,6 @@ double angleOfExtent(Extent extent, const double nearDist) noexcept {
 
 Projection::Projection() { setPerspective(0.7853981633974483, 1.3333333333333333, 0.01, 10000.0); }
 
-Projection::Projection(const Mat4& matrix, const Mat4& inverse, const std::int32_t type, const Frustum& frustum)
-    : mMatrix(matrix), mInverse(inverse), mType(type), mFrustum(frustum) {}
-
 void Projection::setPerspective(const double verticalFoV, const double aspectRatio, const double nearDist,
                                 const double farDist) {
     if (tolerance >= verticalFoV || tolerance >= aspectRatio || tolerance >= nearDist || nearDist >= farDist) {
@@ -59,16 +56,6 @@ void Projection::setOrthographic(const double width, const double height, const 
     }
     mFrustum = {-width / 2.0, width / 2.0, -height / 2.0, height / 2.0, nearDist, farDist};
     mType = 1;
-    rebuildMatrices();
-}
-
-void Projection::setFrustum(const Frustum& frustum, const bool orthographic) {
-    if (frustum.left >= frustum.right || frustum.bottom >= frustum.top || tolerance >= frustum.nearDist ||
-        frustum.nearDist >= frustum.farDist) {
-        return;
-    }
-    mFrustum = frustum;
-    mType = orthographic ? 1 : 0;
     rebuildMatrices();
 }
 

@@ -5,6 +5,7 @@
 
 #include "Matrices.h"
 #include "Pipeline.h"
+#include "Tolerances.h"
 
 namespace qel::api::camera::impl {
 
@@ -20,7 +21,9 @@ public:
     Projection();
 
     /// Takes every part as given, consistent or not, as an image holds them.
-    Projection(const math::Mat4& matrix, const math::Mat4& inverse, std::int32_t type, const math::Frustum& frustum);
+    Projection(const math::Mat4& matrix, const math::Mat4& inverse, std::int32_t type,
+               const math::Frustum& frustum) noexcept
+        : mMatrix(matrix), mInverse(inverse), mType(type), mFrustum(frustum) {}
 
     Projection(const Projection&) = default;
     Projection& operator=(const Projection&) = default;
@@ -35,7 +38,15 @@ public:
 
     void setPerspective(double verticalFoV, double aspectRatio, double nearDist, double farDist);
     void setOrthographic(double width, double height, double nearDist, double farDist);
-    void setFrustum(const math::Frustum& frustum, bool orthographic);
+    void setFrustum(const math::Frustum& frustum, bool orthographic) {
+        if (frustum.left >= frustum.right || frustum.bottom >= frustum.top || math::tolerance >= frustum.nearDist ||
+            frustum.nearDist >= frustum.farDist) {
+            return;
+        }
+        mFrustum = frustum;
+        mType = orthographic ? 1 : 0;
+        rebuildMatrices();
+    }
 
     /// The field of view in one direction, keeping where the frustum's centre points in that direction, the centre
     /// in the other direction, and the aspect ratio. Perspective only.

@@ -11,16 +11,21 @@ using math::Viewport;
 
 Surface::Surface() { update({0.0, 0.0, 1.0, 1.0, 0.0, 1.0}, 640, 480); }
 
-Surface::Surface(const Viewport& viewport, const Mat4& matrix, const Mat4& inverse, const std::uint32_t resolutionX,
-                 const std::uint32_t resolutionY)
-    : mViewport(viewport), mMatrix(matrix), mInverse(inverse), mResolutionX(resolutionX), mResolutionY(resolutionY) {}
-
 void Surface::update(const Viewport& viewport, const std::uint32_t resolutionX, const std::uint32_t resolutionY) {
     if (0.0 > viewport.x || viewport.x > 1.0 || 0.0 > viewport.y || viewport.y > 1.0 || tolerance >= viewport.width ||
         tolerance >= viewport.height || resolutionX == 0 || resolutionY == 0) {
         return;
     }
     mViewport = viewport;
+    mResolutionX = resolutionX;
+    mResolutionY = resolutionY;
+    rebuildMatrices();
+}
+
+void Surface::setResolution(const std::uint32_t resolutionX, const std::uint32_t resolutionY) {
+    if (resolutionX == 0 || resolutionY == 0) {
+        return;
+    }
     mResolutionX = resolutionX;
     mResolutionY = resolutionY;
     rebuildMatrices();

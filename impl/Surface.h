@@ -19,7 +19,12 @@ public:
 
     /// Takes every part as given, consistent or not, as an image holds them.
     Surface(const math::Viewport& viewport, const math::Mat4& matrix, const math::Mat4& inverse,
-            std::uint32_t resolutionX, std::uint32_t resolutionY);
+            std::uint32_t resolutionX, std::uint32_t resolutionY) noexcept
+        : mViewport(viewport),
+          mMatrix(matrix),
+          mInverse(inverse),
+          mResolutionX(resolutionX),
+          mResolutionY(resolutionY) {}
 
     Surface(const Surface&) = default;
     Surface& operator=(const Surface&) = default;
@@ -34,6 +39,7 @@ public:
     /// Position within 0 to 1, size above 1e-7, resolution not 0; depths, and whether the viewport fits, are not
     /// checked.
     void update(const math::Viewport& viewport, std::uint32_t resolutionX, std::uint32_t resolutionY);
+    void setResolution(std::uint32_t resolutionX, std::uint32_t resolutionY);
     void setResolutionX(std::uint32_t resolutionX);
     void setResolutionY(std::uint32_t resolutionY);
 

@@ -19,20 +19,11 @@ namespace {
 /// Pi less the tolerance: a tilt may come this close to the far pole.
 constexpr double largestPoleAngle = 3.1415925535897933;
 
-/// A point goes through the linear part with its conditional division first and is moved by the translation
-/// afterwards, so that the translation is never divided.
-Vec3 transformPlacementPoint(const Mat4& matrix, const Vec3& point) noexcept {
-    return math::transformVector(matrix, point) + math::translation(matrix);
-}
-
 } // namespace
 
 View::View() : View({0.0, 0.0, 0.0}, {0.0, 0.0, -1.0}, {0.0, 1.0, 0.0}) {}
 
 View::View(const Vec3& eye, const Vec3& lookat, const Vec3& up) { lookAt(eye, lookat, up); }
-
-View::View(const Mat4& viewTransformMatrix, const Mat4& viewMatrix, const Mat3& rotation, const Vec3& eye)
-    : mViewTransformMatrix(viewTransformMatrix), mViewMatrix(viewMatrix), mRotation(rotation), mEye(eye) {}
 
 void View::lookAt(const Vec3& eye, const Vec3& lookat, Vec3 up) {
     Vec3 forward = lookat - eye;
@@ -61,20 +52,15 @@ void View::lookAt(const Vec3& eye, const Vec3& lookat, Vec3 up) {
     mEye = eye;
 }
 
-void View::setEye(const Vec3& eye) {
-    mEye = eye;
-    updateViewMatrixTranslation();
-    math::setTranslation(mViewTransformMatrix, eye);
-    mViewMatrix.mKind = withTranslation(mViewMatrix.mKind);
-    mViewTransformMatrix.mKind = withTranslation(mViewTransformMatrix.mKind);
-}
-
-void View::setOrientation(Quat orientation) {
-    const double norm = math::length(orientation);
+void View::orient(double x, double y, double z, double w) {
+    const double norm = math::length({x, y, z, w});
     if (norm >= math::quaternionTolerance) {
-        orientation = {orientation.x / norm, orientation.y / norm, orientation.z / norm, orientation.w / norm};
+        x /= norm;
+        y /= norm;
+        z /= norm;
+        w /= norm;
     }
-    mRotation = math::mat3FromQuaternion(orientation);
+    setRotation({x, y, z, w});
     math::setLinearPart(mViewTransformMatrix, mRotation);
     math::setLinearPart(mViewMatrix, transposed(mRotation));
     updateViewMatrixTranslation();
@@ -110,18 +96,6 @@ void View::yawPitchRoll(const double yaw, const double pitch, const double roll)
     setOrientation(orientation);
 }
 
-void View::translateInViewSpace(const Vec3& offset) {
-    if (!isNegligible(offset)) {
-        setEye(mEye + mRotation * offset);
-    }
-}
-
-void View::translateInWorldSpace(const Vec3& offset) {
-    if (!isNegligible(offset)) {
-        setEye(mEye + offset);
-    }
-}
-
 void View::setViewAlongWorldAxis(const Vec3& target, Vec3 axis, const Vec3& up) {
     if (math::normalise3(axis) <= tolerance) {
         return;
@@ -144,9 +118,9 @@ void View::setViewMatrix(const Mat4& matrix) {
 void View::setViewTransformMatrix(const Mat4& matrix) {
     mViewTransformMatrix = matrix;
     // The old view matrix, and no transpose: required, see the declaration.
-    mRotation = math::mat3FromQuaternion(math::mat4ToQuaternion(mViewMatrix));
-    mEye = math::translation(mViewTransformMatrix);
-    mViewMatrix = math::affineInverse4(mViewTransformMatrix);
+    setRotation(math::mat4ToQuaternion(mViewMatrix));
+    mEye = math::translation(matrix);
+    mViewMatrix = math::affineInverse4(matrix);
 }
 
 void View::rotateAboutAxis(const Vec3& pivot, Vec3 axis, const double angle, const double tilt,
@@ -191,24 +165,6 @@ void View::rotateAboutWorldAxis(const Vec3& pivot, const Vec3& axis, const doubl
 
 void View::rotateAboutViewAxes(const Vec3& pivot, const double angle, const double tilt) {
     rotateAboutAxis(pivot, yAxis(), angle, tilt, PoleLimit::off);
-}
-
-Vec3 View::worldToViewVector(const Vec3& vector) const noexcept { return math::transformVector(mViewMatrix, vector); }
-
-Vec3 View::worldToViewPoint(const Vec3& point) const noexcept { return transformPlacementPoint(mViewMatrix, point); }
-
-Vec3 View::viewToWorldVector(const Vec3& vector) const noexcept {
-    return math::transformVector(mViewTransformMatrix, vector);
-}
-
-Vec3 View::viewToWorldPoint(const Vec3& point) const noexcept {
-    return transformPlacementPoint(mViewTransformMatrix, point);
-}
-
-/// The world origin seen from the view: -(transposed rotation times eye).
-void View::updateViewMatrixTranslation() {
-    math::setTranslation(mViewMatrix, -Vec3{dot(column(mRotation, 0), mEye), dot(column(mRotation, 1), mEye),
-                                            dot(column(mRotation, 2), mEye)});
 }
 
 } // namespace qel::api::camera::impl

@@ -22,7 +22,8 @@ public:
 
     /// Takes every part as given, consistent or not, as an image holds them.
     View(const math::Mat4& viewTransformMatrix, const math::Mat4& viewMatrix, const math::Mat3& rotation,
-         const math::Vec3& eye);
+         const math::Vec3& eye) noexcept
+        : mViewTransformMatrix(viewTransformMatrix), mViewMatrix(viewMatrix), mRotation(rotation), mEye(eye) {}
 
     View(const View&) = default;
     View& operator=(const View&) = default;
@@ -44,10 +45,19 @@ public:
     /// Ignored where lookat is at the eye, up is zero, or up is parallel to the direction.
     void lookAt(const math::Vec3& eye, const math::Vec3& lookat, math::Vec3 up);
 
-    void setEye(const math::Vec3& eye);
+    void setEye(const math::Vec3& eye) {
+        mEye = eye;
+        updateViewMatrixTranslation();
+        math::setTranslation(mViewTransformMatrix, eye);
+        mViewMatrix.mKind = withTranslation(mViewMatrix.mKind);
+        mViewTransformMatrix.mKind = withTranslation(mViewTransformMatrix.mKind);
+    }
 
     /// A quaternion too short to have a direction is used as it is, without an error.
-    void setOrientation(math::Quat orientation);
+    void setOrientation(const math::Quat& orientation) {
+        const auto& [x, y, z, w] = orientation;
+        orient(x, y, z, w);
+    }
 
     /// Turns about the view's y, x or z axis by twice the angle: the doubling is required of these three, and
     /// yawPitchRoll does not share it.
@@ -59,8 +69,16 @@ public:
     void yawPitchRoll(double yaw, double pitch, double roll);
 
     /// Moves the eye by an offset along the view's axes, or along the world's.
-    void translateInViewSpace(const math::Vec3& offset);
-    void translateInWorldSpace(const math::Vec3& offset);
+    void translateInViewSpace(const math::Vec3& offset) {
+        if (!isNegligible(offset)) {
+            setEye(mEye + mRotation * offset);
+        }
+    }
+    void translateInWorldSpace(const math::Vec3& offset) {
+        if (!isNegligible(offset)) {
+            setEye(mEye + offset);
+        }
+    }
 
     /// Looks along the axis at the target from the distance that the eye has from it; an eye on the target stays
     /// there and looks along the axis.
@@ -83,14 +101,33 @@ public:
     /// About the view's own y axis, with no limit to the tilt.
     void rotateAboutViewAxes(const math::Vec3& pivot, double angle, double tilt);
 
-    [[nodiscard]] math::Vec3 worldToViewVector(const math::Vec3& vector) const noexcept;
-    [[nodiscard]] math::Vec3 worldToViewPoint(const math::Vec3& point) const noexcept;
-    [[nodiscard]] math::Vec3 viewToWorldVector(const math::Vec3& vector) const noexcept;
-    [[nodiscard]] math::Vec3 viewToWorldPoint(const math::Vec3& point) const noexcept;
+    [[nodiscard]] math::Vec3 worldToViewVector(const math::Vec3& vector) const noexcept {
+        return math::transformVector(mViewMatrix, vector);
+    }
+    [[nodiscard]] math::Vec3 worldToViewPoint(const math::Vec3& point) const noexcept {
+        return math::transformPlacementPoint(mViewMatrix, point);
+    }
+    [[nodiscard]] math::Vec3 viewToWorldVector(const math::Vec3& vector) const noexcept {
+        return math::transformVector(mViewTransformMatrix, vector);
+    }
+    [[nodiscard]] math::Vec3 viewToWorldPoint(const math::Vec3& point) const noexcept {
+        return math::transformPlacementPoint(mViewTransformMatrix, point);
+    }
 
 private:
+    /// Takes the quaternion in registers: written number by number and read in pairs, it would wait for its memory.
+    void orient(double x, double y, double z, double w);
+    /// In place: a matrix made elsewhere would be copied through memory.
+    void setRotation(const math::Quat& rotation) {
+        mRotation.mKind = math::MatrixKind::identity;
+        math::quaternionToMat3(rotation, mRotation);
+    }
     void turnByTwice(double angle, const math::Vec3& axis);
-    void updateViewMatrixTranslation();
+    /// The world origin seen from the view: -(transposed rotation times eye).
+    void updateViewMatrixTranslation() {
+        math::setTranslation(mViewMatrix, -math::Vec3{dot(column(mRotation, 0), mEye), dot(column(mRotation, 1), mEye),
+                                                      dot(column(mRotation, 2), mEye)});
+    }
 
     math::Mat4 mViewTransformMatrix;
     math::Mat4 mViewMatrix;

@@ -90,9 +90,6 @@ using Mat4f = BasicMatrix<float, 4, 4>;
 template <class MatrixType>
 inline constexpr MatrixType identity{};
 
-/// The 4x4 matrix whose elements are all zero, for builders that fill it in.
-[[nodiscard]] constexpr Mat4 zeroMatrix(MatrixKind kind) noexcept { return {{}, kind}; }
-
 [[nodiscard]] constexpr Vec3 operator*(const Mat3& m, const Vec3& v) noexcept {
     return {m(0, 0) * v.x + m(0, 1) * v.y + m(0, 2) * v.z, m(1, 0) * v.x + m(1, 1) * v.y + m(1, 2) * v.z,
             m(2, 0) * v.x + m(2, 1) * v.y + m(2, 2) * v.z};
@@ -123,6 +120,12 @@ inline constexpr MatrixType identity{};
 /// non-finite elements there gives NaN instead of hiding them.
 [[nodiscard]] inline Vec3 transformVector(const Mat4& m, const Vec3& d) noexcept {
     return perspectiveDivide(m * Vec4{d.x, d.y, d.z, 0.0});
+}
+
+/// Transforms a point by a placement: through the linear part with its conditional division first, and moved by the
+/// translation afterwards, so that the translation is never divided.
+[[nodiscard]] inline Vec3 transformPlacementPoint(const Mat4& m, const Vec3& p) noexcept {
+    return transformVector(m, p) + Vec3{m(0, 3), m(1, 3), m(2, 3)};
 }
 
 /// The three axes of a rotation or a placement.
@@ -176,11 +179,12 @@ constexpr void setLinearPart(Mat4& m, const Mat3& linear) noexcept {
     }
     const double scale = std::abs(m(3, 3)) > reciprocalTolerance ? 1.0 / m(3, 3) : 0.0;
 
-    Mat4 result = zeroMatrix(m.mKind);
-    setLinearPart(result, inverse);
-    setTranslation(result, -(inverse * translation(m)) * scale);
-    result(3, 3) = scale;
-    return result;
+    const Vec3 moved = -(inverse * translation(m)) * scale;
+    return {{inverse(0, 0), inverse(1, 0), inverse(2, 0), 0.0, //
+             inverse(0, 1), inverse(1, 1), inverse(2, 1), 0.0, //
+             inverse(0, 2), inverse(1, 2), inverse(2, 2), 0.0, //
+             moved.x, moved.y, moved.z, scale},
+            m.mKind};
 }
 
 } // namespace qel::api::camera::math

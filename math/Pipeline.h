@@ -41,58 +41,43 @@ struct Viewport {
 
 // The matrices of the classic pipeline (OpenGL 2.1 reference pages glFrustum, glOrtho, glViewport, glDepthRange) and
 // their closed-form inverses. View space is right-handed, normalised device coordinates run from -1 to 1. Nothing is
-// validated: an empty frustum or viewport gives infinities or NaN.
+// validated: an empty frustum or viewport gives infinities or NaN. Each is written as its four columns in one
+// expression: filled in element by element, a matrix passes through memory before it is where it belongs.
 
 [[nodiscard]] constexpr Mat4 makeFrustum(const Frustum& frustum) noexcept {
     const auto& [l, r, b, t, n, f] = frustum;
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = 2.0 * n / (r - l);
-    m(1, 1) = 2.0 * n / (t - b);
-    m(0, 2) = (r + l) / (r - l);
-    m(1, 2) = (t + b) / (t - b);
-    m(2, 2) = -(f + n) / (f - n);
-    m(3, 2) = -1.0;
-    m(2, 3) = -2.0 * f * n / (f - n);
-    return m;
+    return {{2.0 * n / (r - l), 0.0, 0.0, 0.0,                               //
+             0.0, 2.0 * n / (t - b), 0.0, 0.0,                               //
+             (r + l) / (r - l), (t + b) / (t - b), -(f + n) / (f - n), -1.0, //
+             0.0, 0.0, -2.0 * f * n / (f - n), 0.0},
+            MatrixKind::general};
 }
 
 [[nodiscard]] constexpr Mat4 makeFrustumInverse(const Frustum& frustum) noexcept {
     const auto& [l, r, b, t, n, f] = frustum;
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = (r - l) / (2.0 * n);
-    m(1, 1) = (t - b) / (2.0 * n);
-    m(0, 3) = (r + l) / (2.0 * n);
-    m(1, 3) = (t + b) / (2.0 * n);
-    m(2, 3) = -1.0;
-    m(3, 2) = -(f - n) / (2.0 * f * n);
-    m(3, 3) = (f + n) / (2.0 * f * n);
-    return m;
+    return {{(r - l) / (2.0 * n), 0.0, 0.0, 0.0,      //
+             0.0, (t - b) / (2.0 * n), 0.0, 0.0,      //
+             0.0, 0.0, 0.0, -(f - n) / (2.0 * f * n), //
+             (r + l) / (2.0 * n), (t + b) / (2.0 * n), -1.0, (f + n) / (2.0 * f * n)},
+            MatrixKind::general};
 }
 
 [[nodiscard]] constexpr Mat4 makeOrtho(const Frustum& frustum) noexcept {
     const auto& [l, r, b, t, n, f] = frustum;
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = 2.0 / (r - l);
-    m(1, 1) = 2.0 / (t - b);
-    m(2, 2) = -2.0 / (f - n);
-    m(0, 3) = -(r + l) / (r - l);
-    m(1, 3) = -(t + b) / (t - b);
-    m(2, 3) = -(f + n) / (f - n);
-    m(3, 3) = 1.0;
-    return m;
+    return {{2.0 / (r - l), 0.0, 0.0, 0.0,  //
+             0.0, 2.0 / (t - b), 0.0, 0.0,  //
+             0.0, 0.0, -2.0 / (f - n), 0.0, //
+             -(r + l) / (r - l), -(t + b) / (t - b), -(f + n) / (f - n), 1.0},
+            MatrixKind::general};
 }
 
 [[nodiscard]] constexpr Mat4 makeOrthoInverse(const Frustum& frustum) noexcept {
     const auto& [l, r, b, t, n, f] = frustum;
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = (r - l) / 2.0;
-    m(1, 1) = (t - b) / 2.0;
-    m(2, 2) = -(f - n) / 2.0;
-    m(0, 3) = (l + r) / 2.0;
-    m(1, 3) = (b + t) / 2.0;
-    m(2, 3) = -(n + f) / 2.0;
-    m(3, 3) = 1.0;
-    return m;
+    return {{(r - l) / 2.0, 0.0, 0.0, 0.0,  //
+             0.0, (t - b) / 2.0, 0.0, 0.0,  //
+             0.0, 0.0, -(f - n) / 2.0, 0.0, //
+             (l + r) / 2.0, (b + t) / 2.0, -(n + f) / 2.0, 1.0},
+            MatrixKind::general};
 }
 
 /// Normalised device coordinates to pixels of the surface and depths. Resolutions in pixels.
@@ -101,15 +86,11 @@ struct Viewport {
     const auto& [x, y, w, h, dmin, dmax] = viewport;
     const auto rx = static_cast<double>(resolutionX);
     const auto ry = static_cast<double>(resolutionY);
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = w * rx / 2.0;
-    m(1, 1) = h * ry / 2.0;
-    m(2, 2) = (dmax - dmin) / 2.0;
-    m(0, 3) = x * rx + w * rx / 2.0;
-    m(1, 3) = y * ry + h * ry / 2.0;
-    m(2, 3) = (dmin + dmax) / 2.0;
-    m(3, 3) = 1.0;
-    return m;
+    return {{w * rx / 2.0, 0.0, 0.0, 0.0,        //
+             0.0, h * ry / 2.0, 0.0, 0.0,        //
+             0.0, 0.0, (dmax - dmin) / 2.0, 0.0, //
+             x * rx + w * rx / 2.0, y * ry + h * ry / 2.0, (dmin + dmax) / 2.0, 1.0},
+            MatrixKind::general};
 }
 
 /// Pixels and depths back to normalised device coordinates. Equal depths give infinities.
@@ -120,15 +101,11 @@ struct Viewport {
     const auto ry = static_cast<double>(resolutionY);
     const double a = 2.0 / (rx * w);
     const double b = 2.0 / (ry * h);
-    Mat4 m = zeroMatrix(MatrixKind::general);
-    m(0, 0) = a;
-    m(1, 1) = b;
-    m(2, 2) = 2.0 / (dmax - dmin);
-    m(0, 3) = -(a * x * rx + 1.0);
-    m(1, 3) = -(b * y * ry + 1.0);
-    m(2, 3) = -(dmin + dmax) / (dmax - dmin);
-    m(3, 3) = 1.0;
-    return m;
+    return {{a, 0.0, 0.0, 0.0,                   //
+             0.0, b, 0.0, 0.0,                   //
+             0.0, 0.0, 2.0 / (dmax - dmin), 0.0, //
+             -(a * x * rx + 1.0), -(b * y * ry + 1.0), -(dmin + dmax) / (dmax - dmin), 1.0},
+            MatrixKind::general};
 }
 
 } // namespace qel::api::camera::math
