@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <qel/api/camera/CameraAPIIf.h>
+
+#include "Workload.h"
+
+namespace qel::bench {
+
+// Each registers its benchmarks under a name of two or more parts, by which the report pairs them:
+//
+//   operation/<name>           a warm result: the record holds the result of the same operation already
+//   fresh/<name>               a new result record for each call
+//   threads/<name>             by one thread, then by two, each with records of its own
+//   floor/<name>               the same by hand, see Floors.cpp
+//   peer/<library>/<task>      what a user would pick instead
+//   wire/<protocol>/<direction>/<whose>
+
+void registerOperations(api::camera::CameraAPIIf& camera, const Workload& workload);
+void registerFloors(api::camera::CameraAPIIf& camera, const Workload& workload);
+void registerWire(const Workload& workload);
+
+void registerGlm();
+void registerEigen();
+void registerVtk();
+void registerOpenSceneGraph();
+
+} // namespace qel::bench
