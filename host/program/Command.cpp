@@ -10,8 +10,14 @@ namespace {
 std::filesystem::path defaultModule() {
     std::error_code error;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-    const auto installed = folder.parent_path() / "lib" / "CameraLibrary.so";
-    return std::filesystem::exists(installed, error) ? installed : folder / "CameraLibrary.so";
+    // As installed, or as built, or wherever both files were copied to.
+    for (const char* const place : {CAMERA_INSTALLED_MODULE, "../lib/CameraLibrary.so"}) {
+        const auto module = (folder / place).lexically_normal();
+        if (std::filesystem::exists(module, error)) {
+            return module;
+        }
+    }
+    return folder / "CameraLibrary.so";
 }
 
 } // namespace

@@ -23,8 +23,8 @@ using Work = std::function<int()>;
 /// puts what it is to do into `work`. Both outlive the parsing.
 void addTourCommand(CLI::App& app, Work& work);
 
-/// The option --module with the component's file, by default the one that belongs to the program: in the folder of
-/// libraries beside the program's own, or else in the program's own.
+/// The option --module with the component's file, by default the one that belongs to the program: where the two were
+/// installed or built, or else in the program's own folder.
 CLI::Option* addModuleOption(CLI::App& command, std::filesystem::path& module);
 
 } // namespace qel::host

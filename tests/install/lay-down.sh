@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Installs a build, looks at what was laid down, and moves it to another place.
+#
+#   lay-down.sh BUILD PREFIX MOVED
+
+set -euo pipefail
+
+build=$1
+prefix=$2
+moved=$3
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)
+source=$(cd "$here/../.." && pwd -P)
+
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+rm -rf "$prefix" "$moved"
+cmake --install "$build" --prefix "$prefix" >/dev/null
+
+"$here/expect-files.sh" "$prefix"
+
+# Thrift's library keeps the names of its own sources, for its messages.
+! grep -rlF --exclude=libthrift.a -e "$source" -e "$build" -e "$prefix" "$prefix" ||
+    fail "these files name a folder of the machine they were built on"
+
+mkdir -p "$(dirname "$moved")"
+mv "$prefix" "$moved"
