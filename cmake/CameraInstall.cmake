@@ -9,6 +9,9 @@ include(CMakePackageConfigHelpers)
 # the machine of whoever uses the package.
 set(_camera_thrift_private "${PROJECT_SOURCE_DIR}/.deps/thrift")
 cmake_path(IS_PREFIX _camera_thrift_private "${CAMERA_THRIFT_LOCATION}" NORMALIZE CAMERA_INSTALL_THRIFT)
+if(CAMERA_THRIFT_SYSTEM_ONLY)
+  set(CAMERA_INSTALL_THRIFT OFF)
+endif()
 if(CAMERA_INSTALL_THRIFT)
   cmake_path(GET CAMERA_THRIFT_LOCATION FILENAME CAMERA_THRIFT_FILE)
   install(DIRECTORY ${_camera_thrift_private}/include/thrift
@@ -35,6 +38,7 @@ if(TARGET camera)
     install(FILES ${PROJECT_SOURCE_DIR}/host/program/completion/camera.bash RENAME camera
       DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   endif()
+  # Something to try it with.
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/models DESTINATION ${CAMERA_INSTALL_DATADIR})
 endif()
 
@@ -44,7 +48,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/interface/base.thrift ${PROJECT_SOURCE_DIR}/
   DESTINATION ${CAMERA_INSTALL_DATADIR}/thrift)
 
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CAMERA_INSTALL_DOCDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CAMERA_INSTALL_DOCDIR})
+# Without what makes some of the pages.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CAMERA_INSTALL_DOCDIR} PATTERN tools EXCLUDE)
 install(FILES ${PROJECT_SOURCE_DIR}/examples/place_camera.cpp DESTINATION ${CAMERA_INSTALL_DOCDIR}/examples)
 
 configure_package_config_file(

@@ -29,7 +29,7 @@ expected=(
 mapfile -t -O "${#expected[@]}" expected < <(
     cd "$source/interface" && find qel -name '*.h' -printf 'include/%p\n'
     cd "$source/host/include" && find qel -name '*.h' -printf 'include/%p\n'
-    cd "$source" && find docs -type f -printf 'share/doc/camera-component/%p\n'
+    cd "$source" && find docs -path docs/tools -prune -o -type f -printf 'share/doc/camera-component/%p\n'
 )
 program=(
     bin/camera
