@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Command.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <stdexcept>
 #include <system_error>
 
 namespace qel::host {
@@ -24,7 +28,14 @@ std::filesystem::path defaultModule() {
 
 CLI::Option* addModuleOption(CLI::App& command, std::filesystem::path& module) {
     module = defaultModule();
-    return command.add_option("--module", module, "The component's file")->capture_default_str();
+    return command.add_option("--module", module, "The component's file")->type_name("FILE")->capture_default_str();
+}
+
+void writeOutput(const std::string& text) {
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+        throw std::runtime_error(std::string("standard output cannot be written: ") + std::strerror(errno));
+    }
 }
 
 } // namespace qel::host

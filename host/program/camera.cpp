@@ -16,6 +16,8 @@ int run(int argc, char** argv) {
     app.require_subcommand(1);
 
     qel::host::Work work;
+    qel::host::addCallCommand(app, work);
+    qel::host::addOpsCommand(app, work);
     qel::host::addTourCommand(app, work);
     try {
         app.parse(argc, argv);

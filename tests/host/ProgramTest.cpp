@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the program itself, as a person does.
 #include <algorithm>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#include <sys/wait.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "ModelFiles.h"
+#include "RunProgram.h"
 #include "SeenPicture.h"
 #include "TemporaryFolder.h"
 #include "Tour.h"
@@ -21,28 +19,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-struct Outcome {
-    int exitCode;
-    std::string output;
-    std::string errors;
-};
-
-std::string quoted(const std::string& text) { return "'" + text + "'"; }
-
-Outcome run(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
-            const std::string& environment = "") {
-    std::string command = environment + " " + quoted(CAMERA_PROGRAM);
-    for (const std::string& argument : arguments) {
-        command += " " + quoted(argument);
-    }
-    command += " >" + quoted(folder / "stdout") + " 2>" + quoted(folder / "stderr") + " </dev/null";
-    const int status = std::system(command.c_str());
-    if (!WIFEXITED(status)) {
-        throw std::runtime_error("the program ended by a signal: " + readText(folder / "stderr"));
-    }
-    return {WEXITSTATUS(status), readText(folder / "stdout"), readText(folder / "stderr")};
-}
 
 /// Exit code 1, and one line of errors that names the program first; nothing else was said.
 void expectOneLine(const Outcome& outcome, const std::string& part) {

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+
+#include "Json.h"
+
+namespace qel::host {
+
+/// A file cannot be read. The text names it.
+class InputError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Where the JSON of a command line comes from: files, and standard input once, which is written as "-".
+class Input {
+public:
+    explicit Input(std::istream& standardInput) : mStandardInput(standardInput) {}
+
+    /// Throws InputError, or JsonError for what is no JSON.
+    Json read(const std::string& name);
+
+private:
+    std::istream& mStandardInput;
+    bool mStandardInputTaken = false;
+};
+
+} // namespace qel::host

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <sys/wait.h>
+
+#include "TemporaryFolder.h"
+
+namespace qel::host::test {
+
+/// How a run of the program went.
+struct Outcome {
+    int exitCode;
+    std::string output;
+    std::string errors;
+};
+
+inline std::string quotedForShell(const std::string& text) {
+    std::string quoted = "'";
+    for (const char letter : text) {
+        quoted += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+    }
+    return quoted + "'";
+}
+
+/// Runs a command in the shell, in the folder, which keeps what it says.
+inline Outcome runInShell(const TemporaryFolder& folder, const std::string& command) {
+    const std::string inFolder = "cd " + quotedForShell(folder.path()) + " && { " + command + "; } >" +
+                                 quotedForShell(folder / "stdout") + " 2>" + quotedForShell(folder / "stderr") +
+                                 " </dev/null";
+    const int status = std::system(inFolder.c_str());
+    if (!WIFEXITED(status)) {
+        throw std::runtime_error("the program ended by a signal: " + readText(folder / "stderr"));
+    }
+    return {WEXITSTATUS(status), readText(folder / "stdout"), readText(folder / "stderr")};
+}
+
+/// Runs the program `camera` with these arguments.
+inline Outcome run(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
+                   const std::string& environment = "") {
+    std::string command = environment + " " + quotedForShell(CAMERA_PROGRAM);
+    for (const std::string& argument : arguments) {
+        command += " " + quotedForShell(argument);
+    }
+    return runInShell(folder, command);
+}
+
+} // namespace qel::host::test

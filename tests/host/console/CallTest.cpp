@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <cmath>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <qel/host/ComponentLoader.h>
+
+#include "../TemporaryFolder.h"
+#include "Arguments.h"
+#include "Call.h"
+#include "RecordJson.h"
+
+namespace qel::host::test {
+namespace {
+
+namespace camera = api::camera;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+CallOutcome call(const std::string& operation, const std::vector<std::string>& arguments,
+                 const std::string& standardInput = "") {
+    static const ComponentLoader component(CAMERA_MODULE);
+    std::istringstream stream(standardInput);
+    Input input(stream);
+    return prepareCall(operation, arguments, input)(component.camera());
+}
+
+/// The result's value, which must be one of success.
+template <class Result>
+auto valueOf(const CallOutcome& outcome) {
+    EXPECT_EQ(outcome.status.mError, 0) << outcome.status.mMessage;
+    return fromJson<Result>(parseJson(outcome.json)).mValue;
+}
+
+/// What is said of a call that cannot be made.
+std::string misuse(const std::string& operation, const std::vector<std::string>& arguments,
+                   const std::string& standardInput = "") {
+    std::istringstream stream(standardInput);
+    Input input(stream);
+    try {
+        prepareCall(operation, arguments, input);
+    } catch (const ArgumentError& error) {
+        return error.what();
+    }
+    return "the call was made ready";
+}
+
+std::string defaultView() { return call("viewCreateDefault", {}).json; }
+
+TEST(Call, GivesTheResultOfTheOperation) {
+    const auto eye = valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", "1,-2,3.5"}, defaultView())).mEye;
+    EXPECT_THAT(eye.mData, ElementsAre(1, -2, 3.5));
+}
+
+TEST(Call, TakesNumbersWithASignAndWhatIsNoNumber) {
+    const auto value =
+        valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", "-0,-Infinity,+1e-3"}, defaultView())).mEye.mData;
+    EXPECT_TRUE(std::signbit(value.at(0)));
+    EXPECT_EQ(value.at(1), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(value.at(2), 0.001);
+}
+
+TEST(Call, TakesAQuaternionAsItsFourNumbers) {
+    const auto state = valueOf<camera::ViewStateResult>(call("viewSetOrientation", {"-", "0,0,1,0"}, defaultView()));
+    EXPECT_THAT(state.mOrientation.mData, ElementsAre(0, 0, 1, 0));
+}
+
+TEST(Call, TakesAMatrixAsSixteenNumbersRowByRow) {
+    const auto matrix = valueOf<camera::MatrixResult>(
+        call("utilsConvertMatrixFromRowMajorToColumnMajor", {"1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"}));
+    EXPECT_THAT(matrix.mData, ElementsAre(ElementsAre(1, 5, 9, 13), ElementsAre(2, 6, 10, 14),
+                                          ElementsAre(3, 7, 11, 15), ElementsAre(4, 8, 12, 16)));
+}
+
+TEST(Call, TakesAMatrixOfAnyShapeAsJson) {
+    const auto matrix = valueOf<camera::MatrixResult>(
+        call("utilsConvertMatrixFromRowMajorToColumnMajor", {R"({"mData": [[1, 2, 3]]})"}));
+    EXPECT_THAT(matrix.mData, ElementsAre(ElementsAre(1), ElementsAre(2), ElementsAre(3)));
+}
+
+TEST(Call, TakesAFrustumAsItsNumbersAndATypeByItsNameOrNumber) {
+    for (const char* type : {"ORTHOGRAPHIC", "orthographic", "1"}) {
+        const auto state = valueOf<camera::ProjectionStateResult>(call("projectionCreate", {"-4,4,-3,3,1,9", type}));
+        EXPECT_EQ(state.mProjectionType, camera::ProjectionType::ORTHOGRAPHIC) << type;
+        EXPECT_EQ(state.mFrustum.mLeft, -4);
+        EXPECT_EQ(state.mFrustum.mRight, 4);
+        EXPECT_EQ(state.mFrustum.mBottom, -3);
+        EXPECT_EQ(state.mFrustum.mTop, 3);
+        EXPECT_EQ(state.mFrustum.mNearDist, 1);
+        EXPECT_EQ(state.mFrustum.mFarDist, 9);
+    }
+}
+
+TEST(Call, TakesAViewportAsItsNumbers) {
+    const auto state = valueOf<camera::SurfaceStateResult>(
+        call("surfaceSetViewport", {"-", "0.5,0,0.25,1,0,1"}, call("surfaceCreateDefault", {}).json));
+    EXPECT_EQ(state.mViewport.mX, 0.5);
+    EXPECT_EQ(state.mViewport.mWidth, 0.25);
+}
+
+TEST(Call, TakesAFileAndTheValueOfAResultInIt) {
+    const TemporaryFolder folder;
+    const auto view = folder.write("view.json", defaultView());
+    const auto point = folder.write("point.json", R"({"mData": [1, 2, 3]})");
+    const auto eye = valueOf<camera::ViewStateResult>(call("viewSetEye", {view, point})).mEye;
+    EXPECT_THAT(eye.mData, ElementsAre(1, 2, 3));
+}
+
+TEST(Call, TakesAFileThoughItsNameHasACommaInIt) {
+    const TemporaryFolder folder;
+    const auto point = folder.write("point,1.json", R"({"mData": [1, 2, 3]})");
+    EXPECT_THAT(valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", point}, defaultView())).mEye.mData,
+                ElementsAre(1, 2, 3));
+}
+
+TEST(Call, KeepsWhatTheServiceSaysOfAnError) {
+    const CallOutcome outcome =
+        call("viewYaw", {"-", "1"}, layOut(toJson(camera::ViewState{}))); // an image of no bytes
+    EXPECT_EQ(outcome.status.mError, -1);
+    EXPECT_EQ(outcome.status.mMessage, "Call to viewYaw() failed.");
+    const auto result = fromJson<camera::ViewStateResult>(parseJson(outcome.json));
+    EXPECT_EQ(result.mResult.mError, -1);
+    EXPECT_EQ(result.mResult.mMessage, "Call to viewYaw() failed.");
+}
+
+TEST(Call, FailsForAnImageThatIsTooShort) {
+    auto state = valueOf<camera::ViewStateResult>(call("viewCreateDefault", {}));
+    state.mPrivate.pop_back();
+    EXPECT_EQ(call("viewYaw", {"-", "1"}, layOut(toJson(state))).status.mMessage, "Call to viewYaw() failed.");
+}
+
+TEST(Misuse, IsAnOperationThatThereIsNot) {
+    EXPECT_EQ(misuse("viewSetEyes", {}), "there is no operation viewSetEyes; did you mean viewSetEye?");
+    EXPECT_EQ(misuse("fly", {}), "there is no operation fly; camera ops lists them");
+}
+
+TEST(Misuse, IsAnotherNumberOfArguments) {
+    EXPECT_EQ(
+        misuse("viewYaw", {"-"}),
+        "there is viewYaw(state:ViewState, angle:double) -> ViewStateResult, which takes 2 arguments, but 1 came");
+    EXPECT_THAT(misuse("viewCreateDefault", {"-"}), EndsWith("which takes 0 arguments, but 1 came"));
+    EXPECT_THAT(misuse("projectionGetHFoV", {}), EndsWith("which takes 1 argument, but 0 came"));
+}
+
+TEST(Misuse, IsATextWhereANumberIsWanted) {
+    EXPECT_EQ(misuse("viewYaw", {"-", "left"}, defaultView()),
+              "viewYaw: the argument angle wants a number, but 'left' came");
+}
+
+TEST(Misuse, IsANumberWithAFractionOrTooLargeWhereAWholeOneIsWanted) {
+    for (const std::string width : {"1280.0", "2147483648", "-2147483649", "", "1e3", "+-1", "+"}) {
+        EXPECT_EQ(
+            misuse("planarCameraUpdateWindowSize", {"-", width, "720"}, call("planarCameraCreateDefault", {}).json),
+            "planarCameraUpdateWindowSize: the argument width wants a whole number from -2147483648 to "
+            "2147483647, but '" +
+                width + "' came");
+    }
+}
+
+TEST(Misuse, IsATypeThatThereIsNot) {
+    EXPECT_EQ(misuse("projectionCreate", {"-1,1,-1,1,1,2", "FISHEYE"}),
+              "projectionCreate: the argument projectionType wants PERSPECTIVE, ORTHOGRAPHIC or its number, but "
+              "'FISHEYE' came");
+}
+
+TEST(Misuse, IsAVectorOfAnotherLength) {
+    EXPECT_EQ(misuse("viewSetEye", {"-", "1,2"}, defaultView()),
+              "viewSetEye: the argument eye wants a Vector: x,y,z, or a JSON file or - for standard input, but '1,2' "
+              "has 2 numbers");
+    EXPECT_THAT(misuse("viewSetEye", {"-", "5"}, defaultView()), EndsWith("but '5' has 1 number"));
+    EXPECT_THAT(misuse("viewSetOrientation", {"-", "1,2,3"}, defaultView()), HasSubstr("a Quaternion: x,y,z,w, or"));
+}
+
+TEST(Misuse, IsAPieceOfAVectorThatIsNoNumber) {
+    EXPECT_THAT(misuse("viewSetEye", {"-", "1,two,3"}, defaultView()), EndsWith("but 'two' in '1,two,3' is no number"));
+}
+
+TEST(Misuse, IsAFileThatThereIsNot) {
+    EXPECT_EQ(misuse("viewYaw", {"/nowhere/view.json", "1"}),
+              "viewYaw: the argument state wants a ViewState: a JSON file or - for standard input, but "
+              "/nowhere/view.json: No such file or directory");
+}
+
+TEST(Misuse, IsAFolderInsteadOfAFile) {
+    const TemporaryFolder folder;
+    EXPECT_THAT(misuse("viewYaw", {folder.path(), "1"}), EndsWith(folder.path().string() + " cannot be read"));
+}
+
+TEST(Misuse, IsAFileThatIsNoJson) {
+    const TemporaryFolder folder;
+    const std::string view = folder.write("view.json", "a view");
+    EXPECT_THAT(misuse("viewYaw", {view, "1"}),
+                StartsWith("viewYaw: the argument state " + view + ": parse error at line 1, column 1"));
+}
+
+TEST(Misuse, IsAnotherKindOfState) {
+    EXPECT_EQ(misuse("viewYaw", {"-", "1"}, call("surfaceCreateDefault", {}).json),
+              "viewYaw: the argument state standard input: wants a ViewState, but a SurfaceState came");
+}
+
+TEST(Misuse, IsAFieldThatIsMissingOrUnknown) {
+    Json view = toJson(valueOf<camera::ViewStateResult>(call("viewCreateDefault", {})));
+    view.erase("mEye");
+    EXPECT_EQ(misuse("viewYaw", {layOut(view), "1"}),
+              "viewYaw: the argument state the JSON: the field mEye of ViewState is missing");
+}
+
+TEST(Misuse, IsTheResultOfACallThatFailed) {
+    const std::string failed = call("viewYaw", {"-", "1"}, layOut(toJson(camera::ViewState{}))).json;
+    EXPECT_EQ(misuse("viewPitch", {"-", "1"}, failed),
+              "viewPitch: the argument state standard input: it is the result of a call that failed with error -1: "
+              "Call to viewYaw() failed.");
+}
+
+TEST(Misuse, IsStandardInputForTwoArguments) {
+    EXPECT_THAT(misuse("planarCameraSetView", {"-", "-"}, call("planarCameraCreateDefault", {}).json),
+                EndsWith("but standard input is taken by another argument already"));
+}
+
+TEST(Misuse, IsAnEmptyStandardInput) {
+    EXPECT_THAT(misuse("viewYaw", {"-", "1"}), EndsWith("but standard input is empty"));
+}
+
+} // namespace
+} // namespace qel::host::test

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+#include <string>
+#include <type_traits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "../../interface/AllRecords.h"
+#include "../../interface/RandomRecords.h"
+#include "RecordJson.h"
+
+namespace qel::host::test {
+namespace {
+
+namespace camera = api::camera;
+using ::testing::HasSubstr;
+
+template <class Record>
+Record thereAndBack(const Record& record) {
+    return fromJson<Record>(parseJson(layOut(toJson(record))));
+}
+
+/// What reading the text as such a record says of it.
+template <class Record>
+std::string errorOf(const std::string& text) {
+    try {
+        fromJson<Record>(parseJson(text));
+    } catch (const JsonError& error) {
+        return error.what();
+    }
+    return "it was read";
+}
+
+void raiseFlags(auto& record) {
+    api::forEachField<std::remove_cvref_t<decltype(record)>>([&](const auto& field) {
+        field.markSet(record, true);
+        if constexpr (requires { (record.*field.member).__isset; }) {
+            raiseFlags(record.*field.member);
+        }
+    });
+}
+
+template <class Record>
+class RecordJson : public ::testing::Test {};
+
+using Records =
+    ::testing::Types<camera::Vector, camera::Quaternion, camera::Matrix, camera::Frustum, camera::Viewport,
+                     camera::ViewState, camera::ProjectionState, camera::SurfaceState, camera::PlanarCameraState,
+                     camera::VectorResult, camera::MatrixResult, camera::DoubleResult, camera::ViewStateResult,
+                     camera::ProjectionStateResult, camera::SurfaceStateResult, camera::PlanarCameraStateResult>;
+TYPED_TEST_SUITE(RecordJson, Records);
+
+TYPED_TEST(RecordJson, BringsRandomRecordsBackBitForBit) {
+    api::RandomRecords random(7);
+    random.allowNaN();
+    for (int i = 0; i < 200; ++i) {
+        auto record = random.make<TypeParam>();
+        if constexpr (requires { record.mResult; }) {
+            // JSON is Unicode, which random bytes are not.
+            record.mResult.mMessage = "Call to \"x\" failed.\n\xc3\xa4";
+        }
+        raiseFlags(record);
+        ASSERT_TRUE(api::identical(thereAndBack(record), record)) << layOut(toJson(record));
+    }
+}
+
+TYPED_TEST(RecordJson, NamesTheFieldsOfTheTableInTheirOrder) {
+    TypeParam record;
+    raiseFlags(record);
+    const Json json = toJson(record);
+    auto member = json.begin();
+    api::forEachField<TypeParam>([&](const auto& field) {
+        ASSERT_NE(member, json.end());
+        EXPECT_EQ(member.key(), field.name);
+        ++member;
+    });
+    EXPECT_EQ(member, json.end());
+}
+
+TYPED_TEST(RecordJson, TellsEachMissingField) {
+    const Json whole = toJson(TypeParam{});
+    api::forEachField<TypeParam>([&](const auto& field) {
+        Json json = whole;
+        json.erase(field.name);
+        EXPECT_EQ(errorOf<TypeParam>(layOut(json)), std::string("the field ") + field.name + " of " +
+                                                        api::FieldTable<TypeParam>::recordName + " is missing");
+    });
+}
+
+TYPED_TEST(RecordJson, TellsAFieldThatItDoesNotKnow) {
+    Json json = toJson(TypeParam{});
+    json["mEyes"] = 1;
+    EXPECT_EQ(errorOf<TypeParam>(layOut(json)),
+              std::string("a ") + api::FieldTable<TypeParam>::recordName + " has no field mEyes");
+}
+
+TYPED_TEST(RecordJson, RefusesWhatIsNoObject) {
+    EXPECT_THAT(errorOf<TypeParam>("[1, 2]"), HasSubstr("but a list of 2 came"));
+    EXPECT_THAT(errorOf<TypeParam>("null"), HasSubstr("but null came"));
+}
+
+// The bits of doubles that a spelling could lose.
+TEST(RecordJsonNumbers, KeepTheirBits) {
+    for (const std::uint64_t bits : std::initializer_list<std::uint64_t>{
+             0x8000000000000000U, 0x0000000000000001U, 0x7ff0000000000000U, 0xfff0000000000000U, 0x7ff8000000000000U,
+             0xfff8000000000000U, 0x7ff8dead0000beefU, 0x7ff0000000000001U, 0x43f0000000000000U, 0x4340000000000001U,
+             0x7fefffffffffffffU}) {
+        camera::Vector vector;
+        vector.mData = {std::bit_cast<double>(bits)};
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(thereAndBack(vector).mData.at(0)), bits) << std::hex << bits;
+    }
+}
+
+TEST(RecordJsonNumbers, AreTextsOnlyWhereJsonHasNoSpelling) {
+    camera::Vector vector;
+    vector.mData = {1, -0.0, std::numeric_limits<double>::infinity(), std::bit_cast<double>(0xfff8000000000000U)};
+    EXPECT_EQ(layOut(toJson(vector)), R"({"mData": [1, -0.0, "Infinity", "-NaN"]})");
+}
+
+TEST(RecordJsonNumbers, MayBeWrittenInAnyUsualWay) {
+    const auto vector = fromJson<camera::Vector>(parseJson(R"({"mData": [1, 1.0, 1e0, "1", -0, 0]})"));
+    EXPECT_EQ(vector.mData, (std::vector<double>{1, 1, 1, 1, 0, 0}));
+    EXPECT_TRUE(std::signbit(vector.mData[4]));
+    EXPECT_FALSE(std::signbit(vector.mData[5]));
+}
+
+TEST(RecordJsonNumbers, AreToldByTheirPlaceWhereTheyAreNone) {
+    EXPECT_EQ(errorOf<camera::Vector>(R"({"mData": [1, "x", 3]})"), R"(mData[1]: wants a number, but "x" came)");
+    EXPECT_EQ(errorOf<camera::Vector>(R"({"mData": 1})"), "mData: wants a list, but 1 came");
+    EXPECT_EQ(errorOf<camera::Matrix>(R"({"mData": [[1], [true]]})"), "mData[1][0]: wants a number, but true came");
+}
+
+TEST(RecordJsonOutcome, LeavesAMessageOutThatIsNotSet) {
+    camera::DoubleResult result;
+    result.mResult.mMessage = "an older one";
+    EXPECT_EQ(layOut(toJson(result)), R"({"mResult": {"mError": 0}, "mValue": 0})");
+    EXPECT_FALSE(thereAndBack(result).mResult.__isset.mMessage);
+}
+
+TEST(RecordJsonOutcome, HasAnErrorOf32Bits) {
+    for (const char* error : {"2147483648", "-2147483649", "1.0", "\"1\"", "18446744073709551615"}) {
+        EXPECT_EQ(
+            errorOf<camera::DoubleResult>(std::string(R"({"mResult": {"mError": )") + error + R"(}, "mValue": 0})"),
+            std::string("mResult.mError: wants a whole number of 32 bits, but ") +
+                (std::string(error) == "1.0" ? "1" : error) + " came");
+    }
+}
+
+TEST(RecordJsonEnumerator, IsItsNameOrItsNumber) {
+    camera::ProjectionState state;
+    state.mProjectionType = camera::ProjectionType::ORTHOGRAPHIC;
+    Json json = toJson(state);
+    EXPECT_EQ(json["mProjectionType"], "ORTHOGRAPHIC");
+    json["mProjectionType"] = 1;
+    EXPECT_EQ(fromJson<camera::ProjectionState>(json).mProjectionType, camera::ProjectionType::ORTHOGRAPHIC);
+    json["mProjectionType"] = "perspective";
+    EXPECT_EQ(fromJson<camera::ProjectionState>(json).mProjectionType, camera::ProjectionType::PERSPECTIVE);
+}
+
+TEST(RecordJsonEnumerator, IsItsNumberWhereItHasNoName) {
+    camera::ProjectionState state;
+    state.mProjectionType = static_cast<camera::ProjectionType::type>(-7);
+    EXPECT_EQ(toJson(state)["mProjectionType"], -7);
+    EXPECT_TRUE(thereAndBack(state) == state);
+}
+
+TEST(RecordJsonEnumerator, IsToldWhereItIsNone) {
+    Json json = toJson(camera::ProjectionState{});
+    json["mProjectionType"] = "FISHEYE";
+    EXPECT_EQ(errorOf<camera::ProjectionState>(layOut(json)),
+              "mProjectionType: wants PERSPECTIVE, ORTHOGRAPHIC or a number, but \"FISHEYE\" came");
+}
+
+TEST(RecordJsonImage, IsBase64) {
+    camera::ViewState state;
+    state.mPrivate = std::string("\0\xff", 2);
+    EXPECT_EQ(toJson(state)["mPrivate"], "AP8=");
+}
+
+TEST(RecordJsonImage, IsToldWhereItIsNoBase64) {
+    Json json = toJson(camera::PlanarCameraState{});
+    json["mViewState"]["mPrivate"] = "AP8";
+    EXPECT_EQ(errorOf<camera::PlanarCameraState>(layOut(json)),
+              "mViewState.mPrivate: wants bytes in base64, but \"AP8\" came");
+    json["mViewState"]["mPrivate"] = 5;
+    EXPECT_EQ(errorOf<camera::PlanarCameraState>(layOut(json)),
+              "mViewState.mPrivate: wants bytes in base64, but 5 came");
+}
+
+TEST(RecordJsonPayload, IsTakenFromAResult) {
+    camera::ViewStateResult result;
+    result.mValue.mEye.mData = {1, 2, 3};
+    EXPECT_TRUE(fromJson<camera::ViewState>(toJson(result)) == result.mValue);
+}
+
+TEST(RecordJsonPayload, IsTakenFromAResultInAResult) {
+    camera::ViewState state;
+    state.mEye.mData = {1, 2, 3};
+    Json json = toJson(state);
+    for (int i = 0; i < 3; ++i) {
+        json = Json{{"mValue", json}, {"mResult", {{"mError", 0}}}};
+    }
+    EXPECT_TRUE(fromJson<camera::ViewState>(json) == state);
+}
+
+TEST(RecordJsonPayload, IsTakenFromResultsWithinAState) {
+    camera::PlanarCameraState camera;
+    camera.mViewState.mEye.mData = {1, 2, 3};
+    Json json = toJson(camera);
+    json["mViewState"] = Json{{"mValue", toJson(camera.mViewState)}, {"mResult", {{"mError", 0}}}};
+    EXPECT_TRUE(fromJson<camera::PlanarCameraState>(json) == camera);
+}
+
+TEST(RecordJsonPayload, IsNotTakenFromACallThatFailed) {
+    camera::ViewStateResult result;
+    result.mResult.mError = -1;
+    result.mResult.__set_mMessage("Call to viewYaw() failed.");
+    EXPECT_EQ(errorOf<camera::ViewState>(layOut(toJson(result))),
+              "it is the result of a call that failed with error -1: Call to viewYaw() failed.");
+}
+
+TEST(RecordJsonPayload, MayBeAResultItself) {
+    camera::ViewStateResult result;
+    result.mResult.mError = -1;
+    EXPECT_EQ(thereAndBack(result).mResult.mError, -1);
+}
+
+TEST(RecordJsonKind, IsToldWhereItIsAnotherOne) {
+    EXPECT_EQ(errorOf<camera::ViewState>(layOut(toJson(camera::PlanarCameraState{}))),
+              "wants a ViewState, but a PlanarCameraState came");
+    EXPECT_EQ(errorOf<camera::PlanarCameraState>(layOut(toJson(camera::SurfaceStateResult{}))),
+              "wants a PlanarCameraState, but a SurfaceState came");
+}
+
+} // namespace
+} // namespace qel::host::test
