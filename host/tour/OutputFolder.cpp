@@ -74,7 +74,8 @@ fs::path makeFolderBeside(const fs::path& target) {
 
 OutputFolder::OutputFolder(const fs::path& target) {
     try {
-        mTarget = fs::weakly_canonical(target);
+        // Made absolute first: of a bare name that does not exist yet, nothing would be left as the folder it is in.
+        mTarget = fs::weakly_canonical(fs::absolute(target));
         if (!mTarget.has_filename()) {
             mTarget = mTarget.parent_path(); // it was written with a slash at its end
         }

@@ -102,6 +102,19 @@ TEST(OutputFolder, FillsTheCurrentFolderWhereItIs) {
     std::filesystem::current_path(before);
 }
 
+TEST(OutputFolder, MayBeABareNameInTheCurrentFolder) {
+    const TemporaryFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    {
+        OutputFolder output("out");
+        writeFile(output.folder() / "index.html", page);
+        output.publish();
+    }
+    std::filesystem::current_path(before);
+    EXPECT_EQ(contentOf(folder / "out"), (std::map<std::string, std::string>{{"index.html", page}}));
+}
+
 TEST(OutputFolder, FollowsALinkToAFolder) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "real");

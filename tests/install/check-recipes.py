@@ -22,15 +22,13 @@ TREE, PORT, VERSION = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.
 
 
 def copy(recipe, pattern, source, destination):
-    """What Conan's copy does: keeps the folders, and takes whatever the pattern matches at any depth."""
-    files = [file for file in pathlib.Path(source).rglob("*")
-             if file.is_file() and file.relative_to(source).match(pattern) or
-             pattern.endswith("/*") and file.is_file() and file.is_relative_to(pathlib.Path(source, pattern[:-2]))]
+    """What Conan's copy does with a file's name, or with all there is below a folder: `folder/*`."""
+    place = pathlib.Path(source, pattern.removesuffix("/*"))
+    files = [file for file in place.rglob("*") if file.is_file()] if pattern.endswith("/*") else [place]
     for file in files:
         target = pathlib.Path(destination, file.relative_to(source))
         target.parent.mkdir(parents=True, exist_ok=True)
         target.write_bytes(file.read_bytes())
-    assert files, f"{pattern} matches nothing in {source}"
 
 
 def recipe(path):
