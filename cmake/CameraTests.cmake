@@ -2,16 +2,27 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
+# camera_test_defaults(<target>)
+#
+# What test code is compiled with beside the defaults of every target. It is not optimised: most of it calls each
+# operation or treats each kind of record once, and an optimiser takes three times as long over it as over all that it
+# tests, which keeps the flags of the build.
+function(camera_test_defaults target)
+  camera_target_defaults(${target})
+  target_compile_options(${target} PRIVATE -O0)
+endfunction()
+
 # camera_add_test(<name>
 #   SOURCES <file>...        the test's sources
 #   LIBS <target>...         what it tests; gtest, gmock and a main come with it
 #   [TIMEOUT <seconds>]      for one test, 60 where nothing is said
 #   [ENVIRONMENT <A=b>...]   for every test
+#   [OPTIMISED]              compiled as the build says: where what is tested stands in headers, or runs long
 # )
 #
 # Makes the program <name> and registers each of its tests with ctest as <name>:<Suite>.<Test>.
 function(camera_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LIBS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "OPTIMISED" "TIMEOUT" "SOURCES;LIBS;ENVIRONMENT")
   if(arg_UNPARSED_ARGUMENTS OR NOT arg_SOURCES)
     message(FATAL_ERROR "camera_add_test(${name}): wants SOURCES,"
       " and knows nothing of '${arg_UNPARSED_ARGUMENTS}'")
@@ -24,7 +35,11 @@ function(camera_add_test name)
   endif()
 
   add_executable(${name} ${arg_SOURCES})
-  camera_target_defaults(${name})
+  if(arg_OPTIMISED)
+    camera_target_defaults(${name})
+  else()
+    camera_test_defaults(${name})
+  endif()
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock GTest::gtest GTest::gtest_main)
 
   set(properties TIMEOUT ${arg_TIMEOUT})
