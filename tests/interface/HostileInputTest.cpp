@@ -59,63 +59,68 @@ struct Announcement {
     const char* what;
     const char* binary;
     const char* compact;
+    const char* json; ///< nothing where JSON announces no size: texts and structs
 };
+
+/// A message that ends too early, as the record must find.
+template <class Protocol, class Record>
+void expectNextToNothing(const std::string& bytes, const char* what) {
+    EXPECT_LT((peakOfReading<Protocol, Record>(bytes)), nextToNothing) << what;
+    Record record;
+    EXPECT_THROW(readFrom<Protocol>(bytes, record), TTransportException) << what;
+}
 
 /// 25000000 is 017d7840, as varint c0f0f50b; 12000000 is 00b71b00, as varint 80b6dc05; 100000000 is 05f5e100, as varint
 /// 80c2d72f. All are within the 100 MiB that Thrift allows for a message.
 template <class Record>
 void expectNextToNothing(std::initializer_list<Announcement> announcements) {
-    for (const auto& [what, binary, compact] : announcements) {
-        EXPECT_LT((peakOfReading<TBinaryProtocol, Record>(fromHex(binary))), nextToNothing) << what;
-        EXPECT_LT((peakOfReading<TCompactProtocol, Record>(fromHex(compact))), nextToNothing) << what;
-        EXPECT_THROW(
-            {
-                Record record;
-                readFrom<TBinaryProtocol>(fromHex(binary), record);
-            },
-            TTransportException)
-            << what;
-        EXPECT_THROW(
-            {
-                Record record;
-                readFrom<TCompactProtocol>(fromHex(compact), record);
-            },
-            TTransportException)
-            << what;
+    for (const auto& [what, binary, compact, json] : announcements) {
+        expectNextToNothing<TBinaryProtocol, Record>(fromHex(binary), what);
+        expectNextToNothing<TCompactProtocol, Record>(fromHex(compact), what);
+        if (json != nullptr) {
+            expectNextToNothing<TJSONProtocol, Record>(json, what);
+        }
     }
 }
 
 TEST(HostileInput, AnnouncedListsCostNothing) {
     expectNextToNothing<Vector>({
-        {"12000000 numbers, none there", "0f 0001 04 00b71b00", "19 f7 80b6dc05"},
-        {"12000000 numbers, one there", "0f 0001 04 00b71b00 3ff0000000000000", "19 f7 80b6dc05 3ff0000000000000"},
-        {"12000000 numbers called bytes", "0f 0001 03 00b71b00", "19 f3 80b6dc05"},
+        {"12000000 numbers, none there", "0f 0001 04 00b71b00", "19 f7 80b6dc05", R"({"1":{"lst":["dbl",12000000)"},
+        {"12000000 numbers, one there", "0f 0001 04 00b71b00 3ff0000000000000", "19 f7 80b6dc05 3ff0000000000000",
+         R"({"1":{"lst":["dbl",12000000,1)"},
+        {"12000000 numbers called bytes", "0f 0001 03 00b71b00", "19 f3 80b6dc05", R"({"1":{"lst":["i8",12000000)"},
     });
     expectNextToNothing<Matrix>({
-        {"25000000 rows, none there", "0f 0001 0f 017d7840", "19 f9 c0f0f50b"},
-        {"25000000 rows, one there", "0f 0001 0f 017d7840 04 00000000", "19 f9 c0f0f50b 07"},
-        {"a row of 12000000 numbers", "0f 0001 0f 00000001 04 00b71b00", "19 19 f7 80b6dc05"},
-        {"25000000 rows, the first of 12000000", "0f 0001 0f 017d7840 04 00b71b00", "19 f9 c0f0f50b f7 80b6dc05"},
+        {"25000000 rows, none there", "0f 0001 0f 017d7840", "19 f9 c0f0f50b", R"({"1":{"lst":["lst",25000000)"},
+        {"25000000 rows, one there", "0f 0001 0f 017d7840 04 00000000", "19 f9 c0f0f50b 07",
+         R"({"1":{"lst":["lst",25000000,["dbl",0])"},
+        {"a row of 12000000 numbers", "0f 0001 0f 00000001 04 00b71b00", "19 19 f7 80b6dc05",
+         R"({"1":{"lst":["lst",1,["dbl",12000000)"},
+        {"25000000 rows, the first of 12000000", "0f 0001 0f 017d7840 04 00b71b00", "19 f9 c0f0f50b f7 80b6dc05",
+         R"({"1":{"lst":["lst",25000000,["dbl",12000000)"},
     });
 }
 
 TEST(HostileInput, AnnouncedTextsAndImagesCostNothing) {
     expectNextToNothing<ServiceResult>({
-        {"a text of 100000000 bytes", "0b 0002 05f5e100", "28 80c2d72f"},
-        {"three bytes of it there", "0b 0002 05f5e100 616263", "28 80c2d72f 616263"},
+        {"a text of 100000000 bytes", "0b 0002 05f5e100", "28 80c2d72f", nullptr},
+        {"three bytes of it there", "0b 0002 05f5e100 616263", "28 80c2d72f 616263", R"({"2":{"str":"abc)"},
     });
     expectNextToNothing<SurfaceState>({
-        {"an image of 100000000 bytes", "0b 0004 05f5e100 00", "48 80c2d72f 00"},
+        {"an image of 100000000 bytes", "0b 0004 05f5e100 00", "48 80c2d72f 00", R"({"4":{"str":"AA)"},
     });
 }
 
 TEST(HostileInput, AnnouncedUnknownFieldsCostNothing) {
     expectNextToNothing<Viewport>({
-        {"a text", "0b 0009 05f5e100 61", "98 80c2d72f 61"},
-        {"a list of texts", "0f 0009 0b 017d7840 00000001 61 05f5e100", "99 f8 c0f0f50b 01 61 80c2d72f"},
-        {"a list of lists", "0f 0009 0f 017d7840 0f 017d7840", "99 f9 c0f0f50b f9 c0f0f50b"},
-        {"a set", "0e 0009 08 017d7840 00000001", "9a f5 c0f0f50b 01"},
-        {"a map", "0d 0009 0b 08 00b71b00 00000001 61 00000001", "9b 80b6dc05 85 01 61 02"},
+        {"a text", "0b 0009 05f5e100 61", "98 80c2d72f 61", R"({"9":{"str":"a)"},
+        {"a list of texts", "0f 0009 0b 017d7840 00000001 61 05f5e100", "99 f8 c0f0f50b 01 61 80c2d72f",
+         R"({"9":{"lst":["str",25000000,"a")"},
+        {"a list of lists", "0f 0009 0f 017d7840 0f 017d7840", "99 f9 c0f0f50b f9 c0f0f50b",
+         R"({"9":{"lst":["lst",25000000,["lst",25000000)"},
+        {"a set", "0e 0009 08 017d7840 00000001", "9a f5 c0f0f50b 01", R"({"9":{"set":["i32",25000000,1)"},
+        {"a map", "0d 0009 0b 08 00b71b00 00000001 61 00000001", "9b 80b6dc05 85 01 61 02",
+         R"({"9":{"map":["str","i32",12000000,{"a":1)"},
     });
 }
 
@@ -264,6 +269,26 @@ TEST(HostileInput, NegativeSizes) {
     EXPECT_EQ((protocolErrorOf<TCompactProtocol, ServiceResult>(fromHex("28 ffffffff0f 00"))), negative);
     EXPECT_EQ((protocolErrorOf<TCompactProtocol, SurfaceState>(fromHex("48 8080808008 00"))), negative);
     EXPECT_EQ((protocolErrorOf<TCompactProtocol, Viewport>(fromHex("9b ffffffff0f 55 00"))), negative);
+}
+
+/// Thrift's JSON reader takes a size for an unsigned number of 64 bits, so a negative one is one that is too large.
+TEST(HostileInput, SizesOutOfRangeInJson) {
+    constexpr int tooLarge = TProtocolException::SIZE_LIMIT;
+    for (const std::string size :
+         {"-1", "-2147483648", "4294967296", "18446744073709551615", "99999999999999999999999"}) {
+        const auto message = [&](const std::string& before, const std::string& after) {
+            return R"({"1":{"lst":[)" + before + size + after + "]}}";
+        };
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Vector>(message(R"("dbl",)", ",1"))), tooLarge) << size;
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Matrix>(message(R"("lst",)", ""))), tooLarge) << size;
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Matrix>(message(R"("lst",1,["dbl",)", "]"))), tooLarge) << size;
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Viewport>(message(R"("str",)", ""))), tooLarge) << size;
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Viewport>(R"({"9":{"set":["i32",)" + size + "]}}")), tooLarge);
+        EXPECT_EQ((protocolErrorOf<TJSONProtocol, Viewport>(R"({"9":{"map":["i32","i32",)" + size + ",{}]}}")),
+                  tooLarge);
+    }
+    EXPECT_EQ((protocolErrorOf<TJSONProtocol, Vector>(R"({"1":{"lst":["dbl",1e9]}})")),
+              TProtocolException::INVALID_DATA);
 }
 
 TEST(HostileInput, BytesThatMeanNothing) {
