@@ -263,6 +263,7 @@ Record fromJson(const Json& json) {
     template RECORD fromJson<RECORD>(const Json&); \
     template bool hasFieldsOf<RECORD>(const Json&);
 
+QEL_HOST_RECORD_JSON(api::base::ServiceResult)
 QEL_HOST_RECORD_JSON(camera::Vector)
 QEL_HOST_RECORD_JSON(camera::Quaternion)
 QEL_HOST_RECORD_JSON(camera::Matrix)

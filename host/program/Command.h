@@ -24,6 +24,7 @@ using Work = std::function<int()>;
 /// puts what it is to do into `work`. Both outlive the parsing.
 void addCallCommand(CLI::App& app, Work& work);
 void addOpsCommand(CLI::App& app, Work& work);
+void addShowCommand(CLI::App& app, Work& work);
 void addTourCommand(CLI::App& app, Work& work);
 
 /// The option --module with the component's file, by default the one that belongs to the program: where the two were

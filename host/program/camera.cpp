@@ -18,6 +18,7 @@ int run(int argc, char** argv) {
     qel::host::Work work;
     qel::host::addCallCommand(app, work);
     qel::host::addOpsCommand(app, work);
+    qel::host::addShowCommand(app, work);
     qel::host::addTourCommand(app, work);
     try {
         app.parse(argc, argv);

@@ -42,9 +42,10 @@ inline Outcome runInShell(const TemporaryFolder& folder, const std::string& comm
 /// Runs the program `camera` with these arguments.
 inline Outcome run(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
                    const std::string& environment = "") {
-    std::string command = environment + " " + quotedForShell(CAMERA_PROGRAM);
+    std::string command = environment;
+    command.append(" ").append(quotedForShell(CAMERA_PROGRAM));
     for (const std::string& argument : arguments) {
-        command += " " + quotedForShell(argument);
+        command.append(" ").append(quotedForShell(argument));
     }
     return runInShell(folder, command);
 }
