@@ -196,6 +196,11 @@ std::vector<Step> navigationSteps() {
          "The same tilt again would carry the eye over the pole. It is left out, and the camera is the one of the "
          "step before.",
          [](Stage& stage) { turn(stage, 0.0, -0.45); }},
+        {turntable, "view-axes", "Over the pole",
+         "About the view's own axes there is no limit: the camera goes on over the pole and sees the model upside down.",
+         [](Stage& stage) {
+             stage.change<"planarCameraRotateAboutViewAxes">(toVector(stage.box.centre()), 0.0, -0.9);
+         }},
     };
 }
 

@@ -66,12 +66,36 @@ std::vector<Step> projectionSteps() {
              stage.camera = stage.home;
              stage.change<"planarCameraYawPitchRoll">(0.08, -0.05, 0.3);
          }},
+        {shape, "yaw", "Yaw alone", "Positive is to the left. A single turn is by twice its argument: 0.06 makes 0.12.",
+         [](Stage& stage) {
+             stage.camera = stage.home;
+             stage.change<"planarCameraYaw">(0.06);
+         }},
+        {shape, "pitch", "Pitch alone", "Positive is upwards, and by twice the argument as well.",
+         [](Stage& stage) {
+             stage.camera = stage.home;
+             stage.change<"planarCameraPitch">(0.04);
+         }},
+        {shape, "roll", "Roll alone",
+         "Positive tips the camera's top to the left, so that the picture turns clockwise; by twice the argument.",
+         [](Stage& stage) {
+             stage.camera = stage.home;
+             stage.change<"planarCameraRoll">(0.2);
+         }},
         {shape, "translation", "A translation",
          "The eye moves to its right, up and ahead, so that the model comes nearer at the lower left.",
          [](Stage& stage) {
              stage.camera = stage.home;
              const double size = stage.box.radius();
              stage.change<"planarCameraTranslateInViewSpace">(toVector({0.4 * size, 0.25 * size, -0.6 * size}));
+             stage.updateClippingPlanes();
+         }},
+        {shape, "world-translation", "A translation in the world",
+         "The eye moves along the world's x axis alone, which points to the lower right here: the model goes to the "
+         "upper left.",
+         [](Stage& stage) {
+             stage.camera = stage.home;
+             stage.change<"planarCameraTranslateInWorldSpace">(toVector({0.35 * stage.box.radius(), 0, 0}));
              stage.updateClippingPlanes();
          }},
     };

@@ -36,8 +36,8 @@ TEST(Program, DrawsATourWithTheModuleItFindsByItself) {
     const Outcome outcome = run(folder, {"tour", teapot, "--out", folder / "out", "--size", "240x160"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_THAT(outcome.output, StartsWith(" 1/31 The default camera\n 2/31 The window gets its size\n"));
-    EXPECT_THAT(outcome.output, HasSubstr("31 pictures and their page: " + (folder / "out/index.html").string()));
+    EXPECT_THAT(outcome.output, StartsWith(" 1/36 The default camera\n 2/36 The window gets its size\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("36 pictures and their page: " + (folder / "out/index.html").string()));
     EXPECT_EQ(contentOf(folder / "out").size(), 32U);
     EXPECT_EQ(SeenPicture(folder / "out/08-isometric.png").width(), 240);
 }

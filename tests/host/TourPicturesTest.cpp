@@ -99,7 +99,7 @@ Extents projectedExtents(const Mesh& mesh, const api::camera::PlanarCameraState&
 }
 
 TEST_P(TourInWindow, ShowsTheModelInEveryPicture) {
-    EXPECT_EQ(mPictures.size(), 31U);
+    EXPECT_EQ(mPictures.size(), 36U);
     for (const auto& [name, seen] : mPictures) {
         EXPECT_GT(seen.countModel(), seen.width() * seen.height() / 200) << name;
         const bool beforeResize = name == "default-camera";

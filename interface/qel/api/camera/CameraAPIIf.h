@@ -132,25 +132,28 @@ public:
     virtual void viewRotateAboutWorldAxis(ViewStateResult& _return, const ViewState& state, const Vector& pivot,
                                           const Vector& axis, double angle, double tilt) = 0;
 
-    /// The same about the view's own y axis, as it is in world space, and without the limit at the poles.
+    /// viewRotateAboutWorldAxis about the view's own y axis, as it is in world space, and without the limit at
+    /// the poles: a tilt may carry the eye over one, and the picture is then upside down.
     virtual void viewRotateAboutViewAxes(ViewStateResult& _return, const ViewState& state, const Vector& pivot,
                                          double angle, double tilt) = 0;
 
     /// A world vector in view coordinates: the product of the view matrix and (vector, 0), divided by its w
-    /// when |w| > 1e-4, which only a matrix set by the host can give. Translations do not count.
+    /// when |w| > 1e-4, which only a matrix set by the host can give. Translations do not count. Every vector is taken.
     virtual void viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
                                                       const Vector& vector) = 0;
 
-    /// A view vector in world coordinates, through the view transform matrix in the same way.
+    /// A view vector in world coordinates, through the view transform matrix, as
+    /// viewTransformWorldVectorToViewVector does through the view matrix.
     virtual void viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state,
                                                       const Vector& vector) = 0;
 
-    /// A world point in view coordinates: transformed as a vector is, and only then moved by the view
-    /// matrix's translation column, which is never divided.
+    /// A world point in view coordinates: transformed as by viewTransformWorldVectorToViewVector, and only then
+    /// moved by the view matrix's translation column, which is never divided.
     virtual void viewTransformWorldPointToViewPoint(VectorResult& _return, const ViewState& state,
                                                     const Vector& point) = 0;
 
-    /// A view point in world coordinates, through the view transform matrix in the same way.
+    /// A view point in world coordinates, through the view transform matrix, as
+    /// viewTransformWorldPointToViewPoint does through the view matrix.
     virtual void viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state,
                                                     const Vector& point) = 0;
 
@@ -207,7 +210,8 @@ public:
     virtual void projectionSetAspectRatio(ProjectionStateResult& _return, const ProjectionState& state,
                                           double aspectRatio) = 0;
 
-    /// The aspect ratio (right - left) / (top - bottom), of whatever frustum there is. As projectionGetHFoV.
+    /// The aspect ratio (right - left) / (top - bottom) of whatever frustum there is. One without height gives
+    /// infinity or NaN. The outcome is reported as by projectionGetHFoV.
     virtual void projectionGetAspectRatio(DoubleResult& _return, const ProjectionState& state) = 0;
 
     /// Moves the near plane to the distance `nearDist`. A perspective frustum keeps its angles: its sides are
@@ -234,7 +238,7 @@ public:
     /// Takes `matrix` (view to clip space) as the projection matrix and the type, both unchecked. The inverse
     /// stays that of the previous projection, and the frustum becomes what that inverse makes of the sides
     /// and ends of normalised device space (divided by w when |w| > 1e-4), near and far with the sign of
-    /// their view-space z, so negative as a rule. This is required: until an operation that replaces the
+    /// their view-space z, so negative as a rule. This is required. Until an operation that replaces the
     /// whole frustum, matrix, inverse and frustum do not belong together, operations that keep near or far
     /// are refused, screen positions mix both projections, and what is computed from them (zoom area, zoom
     /// with an anchor, pan, clipping planes, fit) may divide by zero.
@@ -412,9 +416,9 @@ public:
 
     /// Moves the eye in the view plane so that what is seen at the screen position (x, y, depth) is then seen
     /// at (x + dx, y + dy). The sum wraps around in 32 bits. In perspective the depth decides how far the eye
-    /// moves. It is not limited to the viewport's range, and the depth of infinity, far / (far - near) when
-    /// the viewport's is 0 to 1, divides by zero; when far exceeds near some 1e16 times, that is the depth of
-    /// the far plane, too.
+    /// moves. The depth is not limited to the viewport's range, and the depth of infinity, far / (far - near)
+    /// when the viewport's is 0 to 1, divides by zero; when far exceeds near some 1e16 times, that is the depth
+    /// of the far plane, too.
     virtual void planarCameraPanWithAnchor(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                            std::int32_t x, std::int32_t y, double depth, std::int32_t dx,
                                            std::int32_t dy) = 0;
@@ -438,12 +442,13 @@ public:
     /// or NaN and success.
     virtual void utilsMakePerspectiveMatrix(MatrixResult& _return, const Frustum& frustum) = 0;
 
-    /// The orthographic matrix of `frustum` (glOrtho), untested likewise.
+    /// The orthographic matrix of `frustum` (glOrtho). Nothing is tested here either: an empty frustum gives
+    /// infinities or NaN and success.
     virtual void utilsMakeOrthographicMatrix(MatrixResult& _return, const Frustum& frustum) = 0;
 
-    /// Transposes a list of rows of any shape; the first row's length counts, surplus values of longer rows
-    /// are left out. An empty first row gives an empty list. Fails when there are no rows or one is shorter
-    /// than the first.
+    /// Transposes a list of rows of any shape. The first row's length counts: surplus values of longer rows
+    /// are left out, and an empty first row gives an empty list. Fails when there are no rows or one is
+    /// shorter than the first.
     virtual void utilsConvertMatrixFromRowMajorToColumnMajor(MatrixResult& _return, const Matrix& matrix) = 0;
 
     // Space transforms: between screen, view and world space. The camera does not change.
@@ -453,8 +458,8 @@ public:
     virtual void transformScreenPointToViewPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x,
                                                  std::int32_t y, double depth) = 0;
 
-    /// The world-space point at a screen position: the view-space point turned by the orientation and moved
-    /// by the eye.
+    /// The world-space point at a screen position: that of transformScreenPointToViewPoint, turned by the
+    /// orientation and moved by the eye.
     virtual void transformScreenPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state, std::int32_t x,
                                                   std::int32_t y, double depth) = 0;
 
@@ -479,20 +484,22 @@ public:
 
     /// A view point in world coordinates: turned by the orientation and moved by the eye, not through the
     /// view transform matrix; the two agree unless the host set a view matrix that is not rigid, or a view
-    /// transform matrix.
+    /// transform matrix. Every point is taken.
     virtual void transformViewPointToWorldPoint(VectorResult& _return, const PlanarCameraState& state,
                                                 const Vector& point) = 0;
 
-    /// A view vector in world coordinates: turned by the orientation.
+    /// A view vector in world coordinates: turned by the orientation. Every vector is taken.
     virtual void transformViewVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state,
                                                   const Vector& vector) = 0;
 
-    /// The view-space vector to the first screen position from the second.
+    /// The view-space vector to the first screen position from the second: the difference of what
+    /// transformScreenPointToViewPoint gives for them.
     virtual void transformScreenVectorToViewVector(VectorResult& _return, const PlanarCameraState& state,
                                                    std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2,
                                                    std::int32_t y2, double depth2) = 0;
 
-    /// The world-space vector to the first screen position from the second.
+    /// The world-space vector to the first screen position from the second: that of
+    /// transformScreenVectorToViewVector, turned by the orientation.
     virtual void transformScreenVectorToWorldVector(VectorResult& _return, const PlanarCameraState& state,
                                                     std::int32_t x1, std::int32_t y1, double depth1, std::int32_t x2,
                                                     std::int32_t y2, double depth2) = 0;

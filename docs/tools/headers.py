@@ -1,0 +1,138 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Reads the public headers: their operations, records and comments. Whatever it does not understand is an error."""
+
+import re
+from dataclasses import dataclass, field
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+SERVICE = ROOT / "interface/qel/api/camera/CameraAPIIf.h"
+TABLE = ROOT / "interface/qel/api/camera/Operations.h"
+
+
+class Misunderstood(Exception):
+    """A header is not written the way that is read here."""
+
+
+@dataclass
+class Operation:
+    name: str
+    group: str
+    result: str
+    arguments: list[tuple[str, str]]  # type, name; without _return
+    text: str
+
+
+@dataclass
+class Group:
+    name: str
+    text: str
+    operations: list[Operation] = field(default_factory=list)
+
+
+@dataclass
+class Field:
+    type: str
+    name: str
+    text: str
+
+
+@dataclass
+class Record:
+    name: str
+    text: str
+    fields: list[Field] = field(default_factory=list)
+
+
+def _comment(lines: list[str]) -> str:
+    """Lines of a comment as paragraphs, each on one line."""
+    paragraphs = "\n".join(line.strip() for line in lines).split("\n\n")
+    return "\n\n".join(" ".join(paragraph.split()) for paragraph in paragraphs)
+
+
+def _after(line: str, mark: str) -> str:
+    return line.strip().removeprefix(mark).strip()
+
+
+def _declaration(text: str, group: str, comment: list[str]) -> Operation:
+    match = re.fullmatch(r"virtual void (\w+)\((.*)\) = 0;", " ".join(text.split()))
+    if not match:
+        raise Misunderstood(f"{SERVICE}: not an operation: {text}")
+    name, parameters = match.groups()
+    if not comment:
+        raise Misunderstood(f"{SERVICE}: {name} has no comment")
+    parsed = []
+    for parameter in parameters.split(", "):
+        plain = parameter.removeprefix("const ").replace("::type", "").replace("std::", "").replace("_t", "")
+        pieces = re.fullmatch(r"(\w+)(?:&)? (\w+)", plain)
+        if not pieces:
+            raise Misunderstood(f"{SERVICE}: {name} has an argument that is not understood: {parameter}")
+        parsed.append(pieces.groups())
+    if parsed[0][1] != "_return":
+        raise Misunderstood(f"{SERVICE}: {name} does not begin with _return")
+    return Operation(name, group, parsed[0][0], parsed[1:], _comment(comment))
+
+
+def read_service() -> tuple[str, list[Group]]:
+    """The comment of the whole service and its operations, in the order of their declaration."""
+    lines = SERVICE.read_text().splitlines()
+    start = next(i for i, line in enumerate(lines) if line.startswith("class CameraAPIIf"))
+    first = start
+    while lines[first - 1].startswith("///"):
+        first -= 1
+    about = _comment([_after(line, "///") for line in lines[first:start]])
+
+    groups: list[Group] = []
+    comment: list[str] = []
+    declaration = ""
+    for line in lines[start + 1 :]:
+        line = line.strip()
+        if line == "};":
+            break
+        if declaration or line.startswith("virtual "):
+            declaration += " " + line
+            if declaration.endswith(";"):
+                groups[-1].operations.append(_declaration(declaration, groups[-1].name, comment))
+                declaration, comment = "", []
+        elif line.startswith("///"):
+            comment.append(_after(line, "///"))
+        elif line.startswith("// "):
+            title, _, text = re.match(r"// (\w[\w ]*)([:.]) (.*)", line).groups()
+            groups.append(Group(title, text[0].upper() + text[1:]))
+        elif line not in ("", "public:"):
+            raise Misunderstood(f"{SERVICE}: not understood: {line}")
+    return about, groups
+
+
+def read_table() -> list[tuple[str, list[str]]]:
+    """Each operation of the table with the names of its arguments, in the table's order."""
+    text = TABLE.read_text()
+    found = re.findall(r'detail::operation\(\s*"(\w+)",\s*&CameraAPIIf::(\w+)((?:,\s*"\w+")*)\)', text)
+    for name, member, _ in found:
+        if name != member:
+            raise Misunderstood(f"{TABLE}: {name} stands beside {member}")
+    return [(name, re.findall(r'"(\w+)"', arguments)) for name, _, arguments in found]
+
+
+def read_records(header: str) -> list[Record]:
+    """The records of a header with their fields and comments."""
+    path = ROOT / "interface/qel/api" / header
+    records: list[Record] = []
+    comment: list[str] = []
+    inside = False
+    for line in path.read_text().splitlines():
+        opening = re.match(r"class (\w+) : public virtual ::apache::thrift::TBase \{", line)
+        if opening:
+            records.append(Record(opening[1], _comment(comment)))
+            inside = True
+        elif inside and line.strip() == "struct Isset {":
+            inside = False
+        elif inside and line.strip().endswith(";") or inside and ";" in line:
+            pieces = re.fullmatch(r"\s*([\w:<>]+(?:<.*>)?) (m\w+)(?: = [^;]+)?;\s*(?:///< (.*))?", line)
+            if not pieces:
+                raise Misunderstood(f"{path}: not understood: {line}")
+            records[-1].fields.append(Field(pieces[1], pieces[2], pieces[3] or ""))
+        comment = comment + [_after(line, "///")] if line.startswith("///") else []
+    if not records:
+        raise Misunderstood(f"{path}: no records")
+    return records

@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Checks the pages (*.md) of the project.
+
+pages.py links          every relative link and anchor leads somewhere, and every picture is shown on some page
+pages.py samples        every C++ sample is a program of examples/, or a marked region of one, word for word
+pages.py commands       every shell command is one of commands.toml, which names what runs it
+pages.py html FOLDER    every link within a folder of HTML leads somewhere
+"""
+
+import re
+import sys
+import textwrap
+import tomllib
+from html.parser import HTMLParser
+from pathlib import Path
+from urllib.parse import unquote, urlsplit
+
+ROOT = Path(__file__).resolve().parents[2]
+NOT_OURS = {"build", "out", ".deps", ".git", "node_modules"}
+FENCE = re.compile(r"(?ms)^```(\w*)\n(.*?)^```$")
+LINK = re.compile(r"\]\(([^()\s]+(?:\([^()\s]*\))?)\)")
+
+
+def pages() -> list[Path]:
+    found = [ROOT / "README.md"]
+    for folder in sorted(path for path in ROOT.iterdir() if path.is_dir() and path.name not in NOT_OURS):
+        found += sorted(folder.rglob("*.md"))
+    return found
+
+
+def shown(path: Path) -> str:
+    return str(path.relative_to(ROOT)) if path.is_relative_to(ROOT) else str(path)
+
+
+def slug(heading: str) -> str:
+    plain = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", heading).replace("`", "")
+    return re.sub(r"[^\w -]", "", plain.strip().lower()).replace(" ", "-")
+
+
+def anchors(page: Path) -> set[str]:
+    text = FENCE.sub("", page.read_text())
+    return {slug(heading) for heading in re.findall(r"(?m)^#{1,6} (.*)$", text)}
+
+
+def links(page: Path) -> list[str]:
+    text = re.sub(r"`[^`\n]*`", "", FENCE.sub("", page.read_text()))
+    return LINK.findall(text)
+
+
+def check_links() -> list[str]:
+    wrong = []
+    targets = set()
+    for page in pages():
+        for link in links(page):
+            parts = urlsplit(link)
+            if parts.scheme:
+                continue
+            target = (page.parent / unquote(parts.path)).resolve() if parts.path else page
+            targets.add(target)
+            if not target.exists():
+                wrong.append(f"{shown(page)}: {link}: there is no {shown(target)}")
+            elif parts.fragment and (target.suffix != ".md" or parts.fragment not in anchors(target)):
+                wrong.append(f"{shown(page)}: {link}: {shown(target)} has no heading of this name")
+    for picture in sorted([*ROOT.glob("docs/**/*.png"), *ROOT.glob("docs/**/*.svg")]):
+        if picture not in targets:
+            wrong.append(f"{shown(picture)}: no page shows it")
+    return wrong
+
+
+def program_or_region(name: str, region: str | None) -> str:
+    text = (ROOT / name).read_text()
+    if region is None:
+        return re.sub(r"\A// SPDX[^\n]*\n", "", text)
+    found = re.findall(rf"(?ms)^ *// \[{re.escape(region)}\]\n(.*?)^ *// \[/{re.escape(region)}\]$", text)
+    if len(found) != 1:
+        raise ValueError(f"{name} has {len(found)} regions [{region}]")
+    return textwrap.dedent(found[0])
+
+
+def check_samples() -> list[str]:
+    wrong = []
+    for page in pages():
+        text = page.read_text()
+        for match in FENCE.finditer(text):
+            if match[1] not in ("cpp", "cmake"):
+                continue
+            line = text.count("\n", 0, match.start()) + 1
+            source = re.search(r"<!-- ([\w./-]+)(?:: ([\w-]+))? -->\n\Z", text[: match.start()])
+            if not source:
+                wrong.append(f"{shown(page)}:{line}: a sample without a comment that names its program above it")
+                continue
+            try:
+                if program_or_region(source[1], source[2]) != match[2]:
+                    wrong.append(f"{shown(page)}:{line}: not what {source[0].strip()} names")
+            except (OSError, ValueError) as error:
+                wrong.append(f"{shown(page)}:{line}: {error}")
+    return wrong
+
+
+def commands(page: Path) -> list[str]:
+    """The lines of a page's shell samples, comments and continuations taken care of."""
+    found = []
+    for language, text in FENCE.findall(page.read_text()):
+        if language == "sh":
+            for line in text.replace("\\\n", " ").splitlines():
+                command = " ".join(re.sub(r"(?:^|\s)#.*", "", line).split())
+                if command:
+                    found.append(command)
+    return found
+
+
+def check_commands() -> list[str]:
+    with open(Path(__file__).with_name("commands.toml"), "rb") as file:
+        known = tomllib.load(file)["command"]
+    wrong = []
+    unused = {entry["line"] for entry in known}
+    lines = {entry["line"] for entry in known}
+    for page in pages():
+        for command in commands(page):
+            unused.discard(command)
+            if command not in lines:
+                wrong.append(f"{shown(page)}: docs/tools/commands.toml does not say what runs '{command}'")
+    wrong += [f"docs/tools/commands.toml: no page shows '{command}'" for command in sorted(unused)]
+    for entry in known:
+        runner = ROOT / entry["by"]
+        if not runner.exists() or entry["as"] not in runner.read_text():
+            wrong.append(f"docs/tools/commands.toml: {entry['by']} does not run '{entry['as']}' ({entry['line']})")
+    return wrong
+
+
+class Html(HTMLParser):
+    """The links and the names of a page of HTML."""
+
+    def __init__(self, text: str) -> None:
+        super().__init__()
+        self.links: list[str] = []
+        self.names: set[str] = set()
+        self.feed(text)
+
+    def handle_starttag(self, tag: str, attrs) -> None:
+        for key, value in attrs:
+            if key in ("href", "src") and value:
+                self.links.append(value)
+            if key in ("id", "name") and value:
+                self.names.add(value)
+
+
+def check_html(folder: Path) -> list[str]:
+    parsed = {page: Html(page.read_text()) for page in sorted(folder.rglob("*.html"))}
+    if not parsed:
+        return [f"{folder}: no HTML"]
+    wrong = []
+    for page, content in parsed.items():
+        for link in content.links:
+            parts = urlsplit(link)
+            if parts.scheme == "javascript" or link == "#":
+                continue
+            if parts.scheme or parts.netloc:
+                if parts.scheme not in ("http", "https") or not parts.netloc:
+                    wrong.append(f"{page}: {link}: neither within the folder nor on the web")
+                continue
+            target = (page.parent / unquote(parts.path)).resolve() if parts.path else page
+            if not target.is_file():
+                wrong.append(f"{page}: {link}: no such file")
+            elif parts.fragment and target in parsed and unquote(parts.fragment) not in parsed[target].names:
+                wrong.append(f"{page}: {link}: no such name in {target}")
+    return wrong
+
+
+def main() -> int:
+    checks = {"links": check_links, "samples": check_samples, "commands": check_commands}
+    arguments = sys.argv[1:]
+    if len(arguments) == 1 and arguments[0] in checks:
+        wrong = checks[arguments[0]]()
+    elif len(arguments) == 2 and arguments[0] == "html":
+        wrong = check_html(Path(arguments[1]).resolve())
+    else:
+        print(__doc__, file=sys.stderr)
+        return 2
+    for line in wrong:
+        print(line, file=sys.stderr)
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
