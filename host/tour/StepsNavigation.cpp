@@ -197,7 +197,8 @@ std::vector<Step> navigationSteps() {
          "step before.",
          [](Stage& stage) { turn(stage, 0.0, -0.45); }},
         {turntable, "view-axes", "Over the pole",
-         "About the view's own axes there is no limit: the camera goes on over the pole and sees the model upside down.",
+         "About the view's own axes there is no limit: the camera goes on over the pole and sees the model upside "
+         "down.",
          [](Stage& stage) {
              stage.change<"planarCameraRotateAboutViewAxes">(toVector(stage.box.centre()), 0.0, -0.9);
          }},

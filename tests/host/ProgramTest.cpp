@@ -38,7 +38,7 @@ TEST(Program, DrawsATourWithTheModuleItFindsByItself) {
     EXPECT_EQ(outcome.errors, "");
     EXPECT_THAT(outcome.output, StartsWith(" 1/36 The default camera\n 2/36 The window gets its size\n"));
     EXPECT_THAT(outcome.output, HasSubstr("36 pictures and their page: " + (folder / "out/index.html").string()));
-    EXPECT_EQ(contentOf(folder / "out").size(), 32U);
+    EXPECT_EQ(contentOf(folder / "out").size(), 37U);
     EXPECT_EQ(SeenPicture(folder / "out/08-isometric.png").width(), 240);
 }
 

@@ -3,11 +3,13 @@
 """Checks the pages (*.md) of the project.
 
 pages.py links          every relative link and anchor leads somewhere, and every picture is shown on some page
-pages.py samples        every C++ sample is a program of examples/, or a marked region of one, word for word
+pages.py samples        every C++ and CMake sample is a file of examples/, or a marked region of one, word for word
+pages.py fill           puts those files and regions into the pages
 pages.py commands       every shell command is one of commands.toml, which names what runs it
 pages.py html FOLDER    every link within a folder of HTML leads somewhere
 """
 
+import os
 import re
 import sys
 import textwrap
@@ -78,24 +80,38 @@ def program_or_region(name: str, region: str | None) -> str:
     return textwrap.dedent(found[0])
 
 
+SAMPLE = re.compile(r"(?ms)^<!-- ([\w./-]+)(?:: ([\w-]+))? -->\n```(?:cpp|cmake)\n(.*?)^```$")
+
+
 def check_samples() -> list[str]:
     wrong = []
     for page in pages():
         text = page.read_text()
-        for match in FENCE.finditer(text):
-            if match[1] not in ("cpp", "cmake"):
+        samples = {match.start(3): match for match in SAMPLE.finditer(text)}
+        for fence in FENCE.finditer(text):
+            if fence[1] not in ("cpp", "cmake"):
                 continue
-            line = text.count("\n", 0, match.start()) + 1
-            source = re.search(r"<!-- ([\w./-]+)(?:: ([\w-]+))? -->\n\Z", text[: match.start()])
-            if not source:
-                wrong.append(f"{shown(page)}:{line}: a sample without a comment that names its program above it")
+            where = f"{shown(page)}:{text.count(chr(10), 0, fence.start()) + 1}"
+            sample = samples.get(fence.start(2))
+            if not sample:
+                wrong.append(f"{where}: a sample without a comment above it that names its program")
                 continue
             try:
-                if program_or_region(source[1], source[2]) != match[2]:
-                    wrong.append(f"{shown(page)}:{line}: not what {source[0].strip()} names")
+                if program_or_region(sample[1], sample[2]) != sample[3]:
+                    wrong.append(f"{where}: not what stands in {sample[1]}; 'pages.py fill' puts that there")
             except (OSError, ValueError) as error:
-                wrong.append(f"{shown(page)}:{line}: {error}")
+                wrong.append(f"{where}: {error}")
     return wrong
+
+
+def fill_samples() -> list[str]:
+    for page in pages():
+        text = filled = page.read_text()
+        for sample in reversed(list(SAMPLE.finditer(text))):
+            filled = filled[: sample.start(3)] + program_or_region(sample[1], sample[2]) + filled[sample.end(3) :]
+        if filled != text:
+            page.write_text(filled)
+    return []
 
 
 def commands(page: Path) -> list[str]:
@@ -110,22 +126,28 @@ def commands(page: Path) -> list[str]:
     return found
 
 
-def check_commands() -> list[str]:
+def known_commands() -> list[dict[str, str]]:
     with open(Path(__file__).with_name("commands.toml"), "rb") as file:
-        known = tomllib.load(file)["command"]
+        return tomllib.load(file)["command"]
+
+
+def check_commands(known: list[dict[str, str]]) -> list[str]:
     wrong = []
-    unused = {entry["line"] for entry in known}
     lines = {entry["line"] for entry in known}
+    unused = set(lines)
     for page in pages():
         for command in commands(page):
             unused.discard(command)
             if command not in lines:
-                wrong.append(f"{shown(page)}: docs/tools/commands.toml does not say what runs '{command}'")
-    wrong += [f"docs/tools/commands.toml: no page shows '{command}'" for command in sorted(unused)]
+                wrong.append(f"{shown(page)}: scripts/pages/commands.toml does not say what runs '{command}'")
+        for script in re.findall(r"`(scripts/[\w-]+)\b(?!/)[^`]*`", FENCE.sub("", page.read_text())):
+            if not (ROOT / script).is_file() or not os.access(ROOT / script, os.X_OK):
+                wrong.append(f"{shown(page)}: there is no script {script}")
+    wrong += [f"scripts/pages/commands.toml: no page shows '{command}'" for command in sorted(unused)]
     for entry in known:
         runner = ROOT / entry["by"]
         if not runner.exists() or entry["as"] not in runner.read_text():
-            wrong.append(f"docs/tools/commands.toml: {entry['by']} does not run '{entry['as']}' ({entry['line']})")
+            wrong.append(f"scripts/pages/commands.toml: {entry['by']} does not run '{entry['as']}' ({entry['line']})")
     return wrong
 
 
@@ -169,7 +191,8 @@ def check_html(folder: Path) -> list[str]:
 
 
 def main() -> int:
-    checks = {"links": check_links, "samples": check_samples, "commands": check_commands}
+    checks = {"links": check_links, "samples": check_samples, "commands": lambda: check_commands(known_commands()),
+              "fill": fill_samples}
     arguments = sys.argv[1:]
     if len(arguments) == 1 and arguments[0] in checks:
         wrong = checks[arguments[0]]()

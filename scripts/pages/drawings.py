@@ -11,7 +11,7 @@ import math
 import sys
 from pathlib import Path
 
-FOLDER = Path(__file__).resolve().parents[1] / "drawings"
+FOLDER = Path(__file__).resolve().parents[2] / "docs/drawings"
 
 INK, SOFT, BLUE, GREEN, ORANGE = "#1f2937", "#9aa4b2", "#1d4ed8", "#047857", "#b45309"
 
@@ -242,7 +242,7 @@ def arcball() -> str:
     drawing.dot(seen(*centre), colour=ORANGE)
     drawing.text((30, 34), "A drag turns by the angle between its two points of the ball; the arrows start in the middle.",
                  size=13)
-    drawing.text((30, 14), "Orange: how far a drag along the arrow turns. At radius 0.5 the height z steps up.", size=13)
+    drawing.text((30, 14), "Orange: how far a drag along the arrow turns. At radius 0.5 there is a step.", size=13)
     return drawing.finish()
 
 
@@ -252,7 +252,7 @@ def main() -> int:
         present = {file.stem: file.read_text() for file in FOLDER.glob("*.svg")}
         wrong = sorted(name for name in present.keys() | drawings.keys() if present.get(name) != drawings.get(name))
         for name in wrong:
-            print(f"docs/drawings/{name}.svg is not what docs/tools/drawings.py draws", file=sys.stderr)
+            print(f"docs/drawings/{name}.svg is not what scripts/pages/drawings.py draws", file=sys.stderr)
         return 1 if wrong else 0
     if sys.argv[1:]:
         print(__doc__, file=sys.stderr)

@@ -12,9 +12,10 @@ import sys
 import tomllib
 from pathlib import Path
 
-import headers
+sys.dont_write_bytecode = True
+import headers  # noqa: E402
 
-DOCS = Path(__file__).resolve().parents[1]
+DOCS = headers.ROOT / "docs"
 PAGE = DOCS / "reference.md"
 NUMBERS = DOCS / "numerics.md"
 
@@ -28,7 +29,7 @@ DEGENERATE = re.compile(
     r"not limited|no upper bound|counts? as|does not follow|nothing is orthonormalised)\b", re.IGNORECASE)
 
 INTRODUCTION = """\
-<!-- Written by docs/tools/reference.py from the public headers. Change those, or docs/tools/operations.toml. -->
+<!-- Written by scripts/pages/reference.py from the public headers. Change those, or scripts/pages/operations.toml. -->
 # Reference
 
 The {count} operations of [`CameraAPIIf`](../interface/qel/api/camera/CameraAPIIf.h), by what they work on, and
@@ -236,7 +237,7 @@ def main() -> int:
             return 0
         sys.stderr.writelines(difflib.unified_diff(present.splitlines(True), page.splitlines(True),
                                                    "docs/reference.md", "what the headers say", n=1))
-        print("docs/reference.md is out of date: docs/tools/reference.py writes it anew", file=sys.stderr)
+        print("docs/reference.md is out of date: scripts/pages/reference.py writes it anew", file=sys.stderr)
         return 1
     if sys.argv[1:]:
         print(__doc__, file=sys.stderr)

@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Copies the pages into a folder as mkdocs wants them: all below one folder, README.md as index.md, and the sources
+that they link as pages too.
+
+stage.py FOLDER      FOLDER is emptied first
+"""
+
+import os
+import re
+import shutil
+import sys
+from pathlib import Path
+from urllib.parse import urlsplit
+
+sys.dont_write_bytecode = True
+import pages  # noqa: E402
+
+ROOT = pages.ROOT
+LANGUAGES = {".h": "cpp", ".cpp": "cpp", ".thrift": "text", ".txt": "cmake", ".toml": "text"}
+
+
+def staged_name(path: Path) -> Path:
+    """Where a file or folder of the tree comes to stand."""
+    own = path.relative_to(ROOT)
+    if own == Path("README.md"):
+        return Path("index.md")
+    if own.parts[0] == "docs":
+        return Path(*own.parts[1:])
+    if path.is_dir():
+        return Path("sources") / own / "index.md"
+    return Path("sources") / (own if path.suffix == ".md" else own.with_name(own.name + ".md"))
+
+
+def source_page(path: Path) -> str:
+    """A source as a page, or a folder as a list of what is in it."""
+    own = path.relative_to(ROOT)
+    if path.is_dir():
+        files = sorted(file for file in path.rglob("*") if file.suffix in LANGUAGES)
+        entries = [f"- [{file.relative_to(path)}]({os.path.relpath(file, path)})" for file in files]
+        return f"# {own}\n\n" + "\n".join(entries) + "\n"
+    text = path.read_text()
+    fence = "~~~~" if "```" in text else "```"
+    return f"# {own}\n\n{fence}{LANGUAGES.get(path.suffix, 'text')}\n{text}{fence}\n"
+
+
+class Stage:
+    """The folder, and what is in it so far."""
+
+    def __init__(self, folder: Path) -> None:
+        self._folder = folder
+        self._done: set[Path] = set()
+
+    def put(self, path: Path) -> None:
+        """A file with all that it links."""
+        if path in self._done:
+            return
+        self._done.add(path)
+        target = self._folder / staged_name(path)
+        if path.suffix in (".png", ".svg"):
+            target = self._folder / path.relative_to(ROOT / "docs")
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copyfile(path, target)
+            return
+        text = path.read_text() if path.suffix == ".md" else source_page(path)
+        target.parent.mkdir(parents=True, exist_ok=True)
+        base = path if path.is_dir() else path.parent
+
+        def moved(match: re.Match) -> str:
+            parts = urlsplit(match[1])
+            if parts.scheme or not parts.path:
+                return match[0]
+            linked = (base / parts.path).resolve()
+            self.put(linked)
+            name = staged_name(linked) if linked.suffix not in (".png", ".svg") else linked.relative_to(ROOT / "docs")
+            way = os.path.relpath(self._folder / name, target.parent)
+            return f"]({way}{'#' + parts.fragment if parts.fragment else ''})"
+
+        if path.suffix == ".md" or path.is_dir():
+            pieces = re.split(r"(?ms)(^```.*?^```$)", text)
+            text = "".join(piece if piece.startswith("```") else pages.LINK.sub(moved, piece) for piece in pieces)
+        target.write_text(text)
+
+
+def main() -> int:
+    if len(sys.argv) != 2:
+        print(__doc__, file=sys.stderr)
+        return 2
+    folder = Path(sys.argv[1]).resolve()
+    shutil.rmtree(folder, ignore_errors=True)
+    stage = Stage(folder)
+    stage.put(ROOT / "README.md")
+    for page in sorted((ROOT / "docs").rglob("*.md")):
+        stage.put(page)
+    listed = Path(__file__).with_name("mkdocs.yml").read_text()
+    missing = [page.name for page in (ROOT / "docs").glob("*.md") if f"- {page.name}\n" not in listed]
+    if missing:
+        print(f"mkdocs.yml does not list {', '.join(missing)}", file=sys.stderr)
+        return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

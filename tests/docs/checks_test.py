@@ -1,0 +1,154 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""The checks of the pages on trees that are wrong in one way each."""
+
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts/pages"))
+import headers  # noqa: E402
+import pages  # noqa: E402
+import reference  # noqa: E402
+
+PROGRAM = """\
+// SPDX-License-Identifier: Apache-2.0
+int main() {
+    // [answer]
+    return 42;
+    // [/answer]
+}
+"""
+REGION = "<!-- examples/program.cpp: answer -->\n```cpp\nreturn 42;\n```\n"
+
+
+class Tree(unittest.TestCase):
+    """A tree with a README and a program; the pages' checks look at it instead of ours."""
+
+    def setUp(self) -> None:
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.addCleanup(setattr, pages, "ROOT", pages.ROOT)
+        pages.ROOT = Path(folder.name).resolve()
+        self.write("examples/program.cpp", PROGRAM)
+
+    def write(self, name: str, text: str) -> None:
+        file = pages.ROOT / name
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text)
+
+    def expect_one(self, found: list[str], text: str) -> None:
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(text, found[0])
+
+
+class Links(Tree):
+    def test_a_good_tree_passes(self) -> None:
+        self.write("README.md", "# One\n[a](docs/a.md#two-words) [b](#one) [c](examples/program.cpp) ![d](docs/d.svg)")
+        self.write("docs/a.md", "## Two `words`\n[back](../README.md) [web](https://example.org/x)")
+        self.write("docs/d.svg", "<svg/>")
+        self.assertEqual(pages.check_links(), [])
+
+    def test_a_missing_file_is_found(self) -> None:
+        self.write("README.md", "[a](docs/a.md)")
+        self.expect_one(pages.check_links(), "there is no docs/a.md")
+
+    def test_a_missing_heading_is_found(self) -> None:
+        self.write("README.md", "# One\n[a](#two)")
+        self.expect_one(pages.check_links(), "no heading of this name")
+
+    def test_a_heading_within_a_sample_does_not_count(self) -> None:
+        self.write("README.md", "[a](#two)\n```sh\n# two\n```\n")
+        self.expect_one(pages.check_links(), "no heading of this name")
+
+    def test_a_picture_that_nobody_shows_is_found(self) -> None:
+        self.write("README.md", "# One")
+        self.write("docs/pictures/lost.png", "")
+        self.expect_one(pages.check_links(), "no page shows it")
+
+
+class Samples(Tree):
+    def test_a_region_and_a_whole_program_pass(self) -> None:
+        whole = PROGRAM.split("\n", 1)[1]
+        self.write("README.md", REGION + "\n<!-- examples/program.cpp -->\n```cpp\n" + whole + "```\n")
+        self.assertEqual(pages.check_samples(), [])
+
+    def test_a_difference_is_found_and_mended(self) -> None:
+        self.write("README.md", REGION.replace("42", "43"))
+        self.expect_one(pages.check_samples(), "not what stands in examples/program.cpp")
+        pages.fill_samples()
+        self.assertEqual((pages.ROOT / "README.md").read_text(), REGION)
+
+    def test_a_sample_of_nowhere_is_found(self) -> None:
+        self.write("README.md", "```cpp\nreturn 42;\n```\n")
+        self.expect_one(pages.check_samples(), "without a comment")
+
+    def test_a_region_that_is_gone_is_found(self) -> None:
+        self.write("README.md", REGION.replace("answer", "question"))
+        self.expect_one(pages.check_samples(), "has 0 regions [question]")
+
+
+class Commands(Tree):
+    KNOWN = [{"line": "make it", "by": "run", "as": "make it"}]
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.write("run", "make it\n")
+        self.write("README.md", "```sh\nmake \\\n  it  # now\n```\n")
+
+    def test_a_command_that_is_run_passes(self) -> None:
+        self.assertEqual(pages.check_commands(self.KNOWN), [])
+
+    def test_a_command_that_nothing_runs_is_found(self) -> None:
+        self.write("README.md", "```sh\nmake it\nbreak it\n```\n")
+        self.expect_one(pages.check_commands(self.KNOWN), "'break it'")
+
+    def test_a_runner_that_does_not_run_it_is_found(self) -> None:
+        self.write("run", "true\n")
+        self.expect_one(pages.check_commands(self.KNOWN), "run does not run 'make it'")
+
+    def test_a_script_that_is_gone_is_found(self) -> None:
+        self.write("README.md", "```sh\nmake it\n```\nThen `scripts/gone --all`.\n")
+        self.expect_one(pages.check_commands(self.KNOWN), "no script scripts/gone")
+
+    def test_a_command_that_no_page_shows_is_found(self) -> None:
+        self.write("README.md", "")
+        self.expect_one(pages.check_commands(self.KNOWN), "no page shows 'make it'")
+
+
+class HtmlLinks(Tree):
+    def test_links_within_the_folder_are_followed(self) -> None:
+        self.write("html/a.html", '<h1 id="one">One</h1><a href="b.html#two">b</a><a href="#one">one</a>')
+        self.write("html/b.html", '<a href="a.html">a</a>')
+        self.expect_one(pages.check_html(pages.ROOT / "html"), "no such name")
+        self.write("html/b.html", '<p id="two"><img src="lost.png">')
+        self.expect_one(pages.check_html(pages.ROOT / "html"), "no such file")
+
+    def test_a_folder_without_pages_is_wrong(self) -> None:
+        self.expect_one(pages.check_html(pages.ROOT / "html"), "no HTML")
+
+
+class Reference(unittest.TestCase):
+    def test_every_operation_has_its_heading_arguments_result_and_errors(self) -> None:
+        page = reference.PAGE.read_text()
+        table = headers.read_table()
+        self.assertEqual(len(table), 79)
+        for name, arguments in table:
+            part = page.split(f"\n### {name}\n")[1].split("\n### ")[0]
+            for argument in arguments:
+                self.assertRegex(part, rf"(?m)^\| `{argument}` \| \w+ \| .+ \|$", name)
+            self.assertIn("\n- Result: ", part, name)
+            self.assertIn("\n- Errors: code ", part, name)
+
+    def test_an_operation_without_a_comment_is_refused(self) -> None:
+        with self.assertRaises(headers.Misunderstood):
+            headers._declaration("virtual void f(ViewStateResult& _return) = 0;", "View", [])
+
+    def test_an_argument_without_a_meaning_is_refused(self) -> None:
+        with self.assertRaises(reference.Incomplete):
+            reference.Extra().argument("viewSetEye", "Vector", "elsewhere")
+
+
+if __name__ == "__main__":
+    unittest.main()
