@@ -26,6 +26,7 @@ void addCallCommand(CLI::App& app, Work& work);
 void addOpsCommand(CLI::App& app, Work& work);
 void addShowCommand(CLI::App& app, Work& work);
 void addTourCommand(CLI::App& app, Work& work);
+void addViewCommand(CLI::App& app, Work& work);
 
 /// The option --module with the component's file, by default the one that belongs to the program: where the two were
 /// installed or built, or else in the program's own folder.

@@ -20,6 +20,7 @@ int run(int argc, char** argv) {
     qel::host::addOpsCommand(app, work);
     qel::host::addShowCommand(app, work);
     qel::host::addTourCommand(app, work);
+    qel::host::addViewCommand(app, work);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -68,12 +68,28 @@ Picture FrameBuffer::readPicture() const {
     return picture;
 }
 
+void FrameBuffer::show() const {
+    resolve(GL_COLOR_BUFFER_BIT);
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
+    glDisable(GL_FRAMEBUFFER_SRGB); // the bytes as they are: they are in sRGB, which a window expects
+    glBlitFramebuffer(0, 0, mWidth, mHeight, 0, 0, mWidth, mHeight, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+}
+
 DepthImage FrameBuffer::readDepth() const {
     resolve(GL_DEPTH_BUFFER_BIT);
     DepthImage image{mWidth, mHeight, {}};
     image.depths.resize(static_cast<std::size_t>(mWidth) * static_cast<std::size_t>(mHeight));
     glReadPixels(0, 0, mWidth, mHeight, GL_DEPTH_COMPONENT, GL_FLOAT, image.depths.data());
     return image;
+}
+
+float FrameBuffer::readDepth(Pixel pixel) const {
+    float depth = 1.0F;
+    if (pixel.x >= 0 && pixel.x < mWidth && pixel.y >= 0 && pixel.y < mHeight) {
+        resolve(GL_DEPTH_BUFFER_BIT);
+        glReadPixels(pixel.x, pixel.y, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    }
+    return depth;
 }
 
 } // namespace qel::host

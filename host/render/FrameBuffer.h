@@ -5,6 +5,7 @@
 
 #include <epoxy/gl.h>
 
+#include "Geometry.h"
 #include "Picture.h"
 
 namespace qel::host {
@@ -35,7 +36,11 @@ public:
 
     void bind() const;
     [[nodiscard]] Picture readPicture() const;
+    /// Puts the picture into the window whose context is current.
+    void show() const;
     [[nodiscard]] DepthImage readDepth() const;
+    /// Of one pixel; 1 for a pixel outside.
+    [[nodiscard]] float readDepth(Pixel pixel) const;
 
 private:
     void resolve(GLbitfield what) const;

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "OffscreenContext.h"
 #include "Shaders.h"
 
 namespace qel::host {
@@ -84,6 +85,12 @@ std::array<float, 3> toFloats(const Vec3& v) {
     return {static_cast<float>(v[0]), static_cast<float>(v[1]), static_cast<float>(v[2])};
 }
 
+void requireSuccess() {
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        throw GraphicsError("OpenGL failed to draw, with error " + std::to_string(error));
+    }
+}
+
 } // namespace
 
 // On the graphics side the model is moved to the origin and made of unit size, in double precision, so that a model
@@ -130,17 +137,16 @@ Rows Renderer::worldFromModel() const {
 }
 
 Picture Renderer::draw(const api::camera::PlanarCameraState& camera, const Strokes& strokes) {
-    const CameraView view(camera);
-    begin(view);
-    drawBackground();
-    drawMesh(view);
-    drawBox(view);
-    drawStrokes(view, strokes);
+    drawAll(CameraView(camera), strokes);
     Picture picture = mFrameBuffer->readPicture();
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
-        throw GraphicsError("OpenGL failed to draw, with error " + std::to_string(error));
-    }
+    requireSuccess();
     return picture;
+}
+
+void Renderer::show(const api::camera::PlanarCameraState& camera, const Strokes& strokes) {
+    drawAll(CameraView(camera), strokes);
+    mFrameBuffer->show();
+    requireSuccess();
 }
 
 DepthImage Renderer::drawDepth(const api::camera::PlanarCameraState& camera) {
@@ -148,6 +154,21 @@ DepthImage Renderer::drawDepth(const api::camera::PlanarCameraState& camera) {
     begin(view);
     drawMesh(view);
     return mFrameBuffer->readDepth();
+}
+
+float Renderer::drawDepth(const api::camera::PlanarCameraState& camera, Pixel pixel) {
+    const CameraView view(camera);
+    begin(view);
+    drawMesh(view);
+    return mFrameBuffer->readDepth(pixel);
+}
+
+void Renderer::drawAll(const CameraView& view, const Strokes& strokes) {
+    begin(view);
+    drawBackground();
+    drawMesh(view);
+    drawBox(view);
+    drawStrokes(view, strokes);
 }
 
 void Renderer::begin(const CameraView& view) {

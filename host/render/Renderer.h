@@ -10,7 +10,6 @@
 #include "CameraView.h"
 #include "FrameBuffer.h"
 #include "Mesh.h"
-#include "OffscreenContext.h"
 #include "Picture.h"
 #include "Program.h"
 #include "Stroke.h"
@@ -18,17 +17,23 @@
 namespace qel::host {
 
 /// Draws a model as a camera's state record says: its view and projection matrices, its viewport, a picture of its
-/// surface's resolution. To be used on the thread that made it.
+/// surface's resolution. It lives in the OpenGL 3.3 context that is current when it is made, and is used and destroyed
+/// while that is.
 class Renderer {
 public:
     explicit Renderer(const Mesh& mesh);
 
     /// The model in its bounding box, the world's axes in the corner, and the strokes over them.
     Picture draw(const api::camera::PlanarCameraState& camera, const Strokes& strokes);
+    /// The same, to the window whose context this is; it becomes visible when its buffers are swapped.
+    void show(const api::camera::PlanarCameraState& camera, const Strokes& strokes);
     /// The depths of the model alone.
     DepthImage drawDepth(const api::camera::PlanarCameraState& camera);
+    /// The model's depth at one pixel, 1 where it is not seen.
+    float drawDepth(const api::camera::PlanarCameraState& camera, Pixel pixel);
 
 private:
+    void drawAll(const CameraView& view, const Strokes& strokes);
     void begin(const CameraView& view);
     void drawBackground() const;
     void drawMesh(const CameraView& view) const;
@@ -38,7 +43,6 @@ private:
 
     [[nodiscard]] Rows worldFromModel() const;
 
-    OffscreenContext mContext; // before everything that lives in it
     Program mBackgroundProgram;
     Program mMeshProgram;
     Program mLineProgram;

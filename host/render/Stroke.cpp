@@ -83,6 +83,13 @@ void addOutline(Strokes& strokes, std::vector<Vec2> corners, Colour colour) {
     }
 }
 
+void addRectangle(Strokes& strokes, Pixel a, Pixel b, Colour colour) {
+    const auto corner = [](std::int32_t x, std::int32_t y) {
+        return Vec2{static_cast<double>(x), static_cast<double>(y)};
+    };
+    addOutline(strokes, {corner(a.x, a.y), corner(b.x, a.y), corner(b.x, b.y), corner(a.x, b.y)}, colour);
+}
+
 void addAxes(Strokes& strokes, const CameraView& view) {
     constexpr Vec2 origin{46.0, 46.0};
     constexpr double size = 26.0;

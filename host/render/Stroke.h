@@ -38,6 +38,8 @@ void addCircle(Strokes& strokes, Vec2 position, double radius, Colour colour, fl
 void addArrow(Strokes& strokes, Vec2 from, Vec2 to, Colour colour);
 /// A line through all points and back to the first.
 void addOutline(Strokes& strokes, std::vector<Vec2> corners, Colour colour);
+/// With its sides along the picture's, from the one corner to the opposite one.
+void addRectangle(Strokes& strokes, Pixel a, Pixel b, Colour colour);
 /// The world's axes as the camera sees their directions, in the picture's lower left corner.
 void addAxes(Strokes& strokes, const CameraView& view);
 

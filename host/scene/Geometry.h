@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 namespace qel::host {
 
@@ -14,6 +15,12 @@ using Vec3 = std::array<double, 3>;
 struct Vec2 {
     double x = 0.0;
     double y = 0.0;
+};
+
+/// A pixel of a picture or a window, (0, 0) the lower left one. It may lie outside.
+struct Pixel {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
 };
 
 inline Vec3 operator+(const Vec3& a, const Vec3& b) { return {a[0] + b[0], a[1] + b[1], a[2] + b[2]}; }

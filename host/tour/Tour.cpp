@@ -9,6 +9,7 @@
 #include <qel/host/ComponentLoader.h>
 
 #include "Mesh.h"
+#include "OffscreenContext.h"
 #include "OutputFolder.h"
 #include "Picture.h"
 #include "Renderer.h"
@@ -69,6 +70,7 @@ std::vector<Shot> runTour(const TourOptions& options, const Progress& progress) 
     }
     const Mesh mesh = loadMesh(options.model);
     const ComponentLoader component(options.module);
+    const OffscreenContext context;
     Renderer renderer(mesh);
     OutputFolder output(options.output);
 

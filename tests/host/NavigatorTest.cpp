@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <optional>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <qel/host/ComponentLoader.h>
+
+#include "Navigator.h"
+#include "Sight.h"
+#include "StateFile.h"
+#include "TemporaryFolder.h"
+#include "WindowContext.h"
+
+namespace qel::host::test {
+namespace {
+
+using api::camera::ProjectionType;
+using Drag = Navigator::Drag;
+
+const Box model{{-2, -1, 0}, {4, 3, 2}};
+const Pixel somewhere{431, 377};
+const Pixel elsewhere{240, 150};
+
+class NavigatorTest : public ::testing::Test {
+protected:
+    static Vec2 place(Pixel pixel) { return {static_cast<double>(pixel.x), static_cast<double>(pixel.y)}; }
+    [[nodiscard]] Sight sight() const { return Sight(navigator.camera()); }
+
+    void expectSeenAt(const Vec3& point, Pixel pixel) const {
+        const Vec2 seen = sight().pixelOf(point);
+        EXPECT_NEAR(seen.x, pixel.x, 1e-6);
+        EXPECT_NEAR(seen.y, pixel.y, 1e-6);
+    }
+    void drag(Drag kind, Pixel from, Pixel to) {
+        navigator.beginDrag(kind, from);
+        navigator.drag({(from.x + to.x) / 2, from.y});
+        navigator.drag(to);
+        navigator.endDrag(to);
+    }
+    void expectWithinClippingPlanes(const Vec3& point) const {
+        const Vec3 offset = point - sight().eye();
+        const Vec3 direction = sight().direction();
+        const double ahead = offset[0] * direction[0] + offset[1] * direction[1] + offset[2] * direction[2];
+        EXPECT_GT(ahead, navigator.camera().mProjectionState.mFrustum.mNearDist);
+        EXPECT_LT(ahead, navigator.camera().mProjectionState.mFrustum.mFarDist);
+    }
+
+    double depth = 0.4; // what the depth buffer holds everywhere
+    ComponentLoader component{CAMERA_MODULE};
+    Navigator navigator{component.camera(), model, 800, 600, [this](const auto&, Pixel) { return depth; }};
+};
+
+TEST(PixelUnder, CountsFromTheLowerLeft) {
+    const Pixel upperLeft = pixelUnder(0.0, 0.0, 1.0, 600);
+    EXPECT_EQ(upperLeft.x, 0);
+    EXPECT_EQ(upperLeft.y, 599);
+    const Pixel lowerRight = pixelUnder(799.9, 599.9, 1.0, 600);
+    EXPECT_EQ(lowerRight.x, 799);
+    EXPECT_EQ(lowerRight.y, 0);
+}
+
+TEST(PixelUnder, CountsPixelsWhereAUnitIsTwo) {
+    const Pixel pixel = pixelUnder(10.6, 20.4, 2.0, 1200);
+    EXPECT_EQ(pixel.x, 21);
+    EXPECT_EQ(pixel.y, 1200 - 1 - 40);
+}
+
+TEST(PixelUnder, GoesBelowZeroLeftOfTheWindow) { EXPECT_EQ(pixelUnder(-0.5, 0.0, 1.0, 600).x, -1); }
+
+TEST_F(NavigatorTest, SeesTheWholeModelAtFirst) {
+    for (std::size_t i = 0; i < 8; ++i) {
+        const Vec2 corner = sight().pixelOf(model.corner(i));
+        EXPECT_GE(corner.x, 0.0);
+        EXPECT_LE(corner.x, 800.0);
+        EXPECT_GE(corner.y, 0.0);
+        EXPECT_LE(corner.y, 600.0);
+        expectWithinClippingPlanes(model.corner(i));
+    }
+}
+
+TEST_F(NavigatorTest, PanCarriesThePickedPointAlong) {
+    const Vec3 point = sight().pointAtDepth(place(somewhere), depth);
+    drag(Drag::pan, somewhere, elsewhere);
+    expectSeenAt(point, elsewhere);
+}
+
+TEST_F(NavigatorTest, PanByTheBackgroundGoesByTheDepthOfTheModelsCentre) {
+    depth = 1.0;
+    const Vec2 before = sight().pixelOf(model.centre());
+    drag(Drag::pan, somewhere, elsewhere);
+    const Vec2 after = sight().pixelOf(model.centre());
+    EXPECT_NEAR(after.x - before.x, elsewhere.x - somewhere.x, 1e-6);
+    EXPECT_NEAR(after.y - before.y, elsewhere.y - somewhere.y, 1e-6);
+}
+
+TEST_F(NavigatorTest, RotateKeepsThePickedPointInItsPlace) {
+    const Vec3 point = sight().pointAtDepth(place(somewhere), depth);
+    const Vec3 eye = sight().eye();
+    drag(Drag::rotate, somewhere, elsewhere);
+    expectSeenAt(point, somewhere);
+    EXPECT_GT(length(sight().eye() - eye), 1.0);
+}
+
+TEST_F(NavigatorTest, RotateByTheBackgroundTurnsAboutTheModelsCentre) {
+    depth = 1.0;
+    const Vec2 before = sight().pixelOf(model.centre());
+    const double distance = length(sight().eye() - model.centre());
+    drag(Drag::rotate, somewhere, elsewhere);
+    EXPECT_NEAR(sight().pixelOf(model.centre()).x, before.x, 1e-6);
+    EXPECT_NEAR(sight().pixelOf(model.centre()).y, before.y, 1e-6);
+    EXPECT_NEAR(length(sight().eye() - model.centre()), distance, 1e-9);
+}
+
+TEST_F(NavigatorTest, ADragThatComesBackChangesNothing) {
+    const auto before = navigator.camera();
+    for (const Drag kind : {Drag::rotate, Drag::pan}) {
+        navigator.beginDrag(kind, somewhere);
+        navigator.drag(elsewhere);
+        EXPECT_FALSE(navigator.camera() == before);
+        navigator.drag(somewhere);
+        navigator.endDrag(somewhere);
+        EXPECT_TRUE(navigator.camera() == before);
+    }
+}
+
+TEST_F(NavigatorTest, MovingWithoutADragChangesNothing) {
+    const auto before = navigator.camera();
+    navigator.drag(elsewhere);
+    EXPECT_TRUE(navigator.camera() == before);
+}
+
+TEST_F(NavigatorTest, ZoomKeepsThePointUnderTheCursorThere) {
+    const Vec3 point = sight().pointAtDepth(place(somewhere), depth);
+    const double extent = sight().extentOfPixel().x / navigator.camera().mProjectionState.mFrustum.mNearDist;
+    navigator.zoom(somewhere, 3.0);
+    expectSeenAt(point, somewhere);
+    const double smaller = sight().extentOfPixel().x / navigator.camera().mProjectionState.mFrustum.mNearDist;
+    EXPECT_NEAR(smaller, extent * 0.9 * 0.9 * 0.9, 1e-12);
+}
+
+TEST_F(NavigatorTest, AreaFillsTheWindow) {
+    // 200 by 150 pixels are of the window's shape.
+    const Vec3 lowerLeft = sight().pointAtDepth({300, 200}, depth);
+    const Vec3 upperRight = sight().pointAtDepth({500, 350}, depth);
+    navigator.beginDrag(Drag::area, {500, 200});
+    navigator.drag({300, 350});
+    EXPECT_EQ(navigator.dragged(), Drag::area);
+    EXPECT_EQ(navigator.from().x, 500);
+    navigator.endDrag({300, 350});
+    EXPECT_EQ(navigator.dragged(), std::nullopt);
+    expectSeenAt(lowerLeft, {0, 0});
+    expectSeenAt(upperRight, {800, 600});
+}
+
+TEST_F(NavigatorTest, AreaOfTheBackgroundCentresTheSpaceAboutTheModel) {
+    depth = 1.0;
+    const Vec3 offset = model.centre() - sight().eye();
+    const Vec3 direction = sight().direction();
+    const double ahead = offset[0] * direction[0] + offset[1] * direction[1] + offset[2] * direction[2];
+    const Vec3 middle = sight().pointAhead({600, 500}, ahead);
+    drag(Drag::area, {500, 450}, {700, 550});
+    expectSeenAt(middle, {400, 300});
+}
+
+TEST_F(NavigatorTest, AnAreaOfOnePixelChangesNothing) {
+    const auto before = navigator.camera();
+    drag(Drag::area, somewhere, somewhere);
+    EXPECT_TRUE(navigator.camera() == before);
+}
+
+TEST_F(NavigatorTest, LooksAlongAnAxisAtTheModelsCentre) {
+    drag(Drag::pan, somewhere, elsewhere);
+    navigator.look({0, -1, 0}, {0, 0, -1});
+    EXPECT_NEAR(length(sight().direction() - Vec3{0, -1, 0}), 0.0, 1e-12);
+    EXPECT_NEAR(length(sight().up() - Vec3{0, 0, -1}), 0.0, 1e-12);
+    expectSeenAt(model.centre(), {400, 300});
+}
+
+TEST_F(NavigatorTest, SwitchesTheProjectionThereAndBack) {
+    const Vec3 above = model.centre() + sight().up();
+    const Vec2 before = sight().pixelOf(above);
+    navigator.switchProjection();
+    EXPECT_TRUE(sight().isOrthographic());
+    EXPECT_NEAR(sight().pixelOf(above).y, before.y, 1e-6);
+    navigator.switchProjection();
+    EXPECT_FALSE(sight().isOrthographic());
+    EXPECT_NEAR(sight().pixelOf(above).y, before.y, 1e-6);
+}
+
+TEST_F(NavigatorTest, EverythingHoldsInAnOrthographicProjectionToo) {
+    navigator.switchProjection();
+    const Vec3 point = sight().pointAtDepth(place(somewhere), depth);
+    navigator.zoom(somewhere, 2.0);
+    expectSeenAt(point, somewhere);
+    depth = 0.6;
+    const Vec3 other = sight().pointAtDepth(place(somewhere), depth);
+    drag(Drag::pan, somewhere, elsewhere);
+    expectSeenAt(other, elsewhere);
+    const Vec3 third = sight().pointAtDepth(place(somewhere), depth);
+    drag(Drag::rotate, somewhere, elsewhere);
+    expectSeenAt(third, somewhere);
+}
+
+TEST_F(NavigatorTest, KeepsTheModelBetweenTheClippingPlanes) {
+    for (const Drag kind : {Drag::rotate, Drag::pan, Drag::area, Drag::rotate}) {
+        drag(kind, somewhere, elsewhere);
+        for (std::size_t i = 0; i < 8; ++i) {
+            expectWithinClippingPlanes(model.corner(i));
+        }
+    }
+}
+
+TEST_F(NavigatorTest, FitFindsTheModelAgain) {
+    const auto before = sight().pixelOf(model.centre());
+    drag(Drag::pan, somewhere, {somewhere.x + 3000, somewhere.y});
+    navigator.zoom(elsewhere, 12.0);
+    navigator.fit();
+    EXPECT_NEAR(sight().pixelOf(model.centre()).x, before.x, 1e-6);
+    EXPECT_NEAR(sight().pixelOf(model.centre()).y, before.y, 1e-6);
+}
+
+TEST_F(NavigatorTest, ResizingKeepsTheScale) {
+    const Vec2 before = sight().extentOfPixel();
+    navigator.resize(1000, 450);
+    EXPECT_EQ(navigator.camera().mSurfaceState.mResolutionX, 1000);
+    EXPECT_EQ(navigator.camera().mSurfaceState.mResolutionY, 450);
+    EXPECT_NEAR(sight().extentOfPixel().x, before.x, 1e-15);
+    EXPECT_NEAR(sight().extentOfPixel().y, before.y, 1e-15);
+}
+
+TEST_F(NavigatorTest, AnIconChangesNothing) {
+    const auto before = navigator.camera();
+    navigator.resize(0, 0);
+    EXPECT_TRUE(navigator.camera() == before);
+    navigator.resize(800, 600);
+    EXPECT_TRUE(navigator.camera() == before);
+}
+
+TEST_F(NavigatorTest, UndoAndRedoGiveTheSameBits) {
+    const auto first = navigator.camera();
+    drag(Drag::rotate, somewhere, elsewhere);
+    const auto second = navigator.camera();
+    navigator.zoom(elsewhere, 1.0);
+    const auto third = navigator.camera();
+
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == second);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
+    navigator.redo();
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == third);
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == third);
+}
+
+TEST_F(NavigatorTest, ADragIsOneStepOfTheHistory) {
+    const auto first = navigator.camera();
+    drag(Drag::pan, somewhere, elsewhere);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
+}
+
+TEST_F(NavigatorTest, WhatIsDoneAfterAnUndoReplacesWhatWasUndone) {
+    navigator.zoom(somewhere, 1.0);
+    navigator.undo();
+    navigator.zoom(elsewhere, -1.0);
+    const auto last = navigator.camera();
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == last);
+}
+
+TEST_F(NavigatorTest, UndoKeepsTheWindowsSizeAndTheScaleOfThen) {
+    const Vec2 before = sight().extentOfPixel();
+    navigator.zoom(somewhere, 1.0);
+    navigator.resize(1000, 450);
+    navigator.undo();
+    EXPECT_EQ(navigator.camera().mSurfaceState.mResolutionX, 1000);
+    EXPECT_NEAR(sight().extentOfPixel().x, before.x, 1e-15);
+    EXPECT_NEAR(sight().extentOfPixel().y, before.y, 1e-15);
+}
+
+TEST_F(NavigatorTest, RestoresASavedStateToTheBit) {
+    const TemporaryFolder folder;
+    drag(Drag::rotate, somewhere, elsewhere);
+    const auto saved = navigator.camera();
+    writeState(saved, folder / "camera.state");
+    navigator.look({0, 0, 1}, {0, 1, 0});
+    navigator.restore(readState(folder / "camera.state"));
+    EXPECT_TRUE(navigator.camera() == saved);
+    navigator.undo();
+    EXPECT_NEAR(sight().direction()[2], 1.0, 1e-12);
+}
+
+TEST_F(NavigatorTest, RefusesAStateThatIsNoneAndStaysAsItWas) {
+    const auto before = navigator.camera();
+    EXPECT_THROW(navigator.restore({}), std::runtime_error);
+    EXPECT_TRUE(navigator.camera() == before);
+}
+
+TEST(StateFile, NamesAFileThatIsMissing) {
+    const TemporaryFolder folder;
+    try {
+        readState(folder / "none");
+        FAIL();
+    } catch (const std::runtime_error& error) {
+        EXPECT_THAT(error.what(), ::testing::HasSubstr("none: cannot be read"));
+    }
+}
+
+TEST(StateFile, TellsAFileThatBreaksOff) {
+    const TemporaryFolder folder;
+    writeState({}, folder / "whole");
+    const auto file = folder.write("half", readText(folder / "whole").substr(0, 20));
+    EXPECT_THROW(readState(file), std::runtime_error);
+}
+
+TEST(StateFile, LeavesTheOlderFileWhereItCannotWrite) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "state.part");
+    const auto file = folder.write("state", "older");
+    EXPECT_THROW(writeState({}, file), std::runtime_error);
+    EXPECT_EQ(readText(file), "older");
+}
+
+} // namespace
+} // namespace qel::host::test
