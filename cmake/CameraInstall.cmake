@@ -48,9 +48,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/interface/base.thrift ${PROJECT_SOURCE_DIR}/
   DESTINATION ${CAMERA_INSTALL_DATADIR}/thrift)
 
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CAMERA_INSTALL_DOCDIR})
-# Without what makes some of the pages.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CAMERA_INSTALL_DOCDIR} PATTERN tools EXCLUDE)
-install(FILES ${PROJECT_SOURCE_DIR}/examples/place_camera.cpp DESTINATION ${CAMERA_INSTALL_DOCDIR}/examples)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CAMERA_INSTALL_DOCDIR})
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/packaging/CameraComponentConfig.cmake.in

@@ -13,9 +13,6 @@
 
 using namespace qel::api::camera;
 
-using Columns = std::array<float, 16>;
-
-// [product]
 /// a * b, in doubles: large coordinates cancel here and not in the graphics card's floats.
 Matrix product(const Matrix& a, const Matrix& b) {
     Matrix result;
@@ -29,9 +26,10 @@ Matrix product(const Matrix& a, const Matrix& b) {
     }
     return result;
 }
-// [/product]
 
 // [columns]
+using Columns = std::array<float, 16>;
+
 /// Column after column, as GLSL and HLSL store a matrix: glUniformMatrix4fv(location, 1, GL_FALSE, columns.data()).
 Columns columnsOf(const Matrix& matrix) {
     Columns columns{};

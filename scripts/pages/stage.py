@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Copies the pages into a folder as mkdocs wants them: all below one folder, README.md as index.md, and the sources
-that they link as pages too.
+"""Copies the pages into a folder as mkdocs wants them: all below one folder, README.md as index.md, the sources
+that they link as pages too, and the names of operations as links to the reference.
 
 stage.py FOLDER      FOLDER is emptied first
 """
@@ -14,6 +14,7 @@ from pathlib import Path
 from urllib.parse import urlsplit
 
 sys.dont_write_bytecode = True
+import headers  # noqa: E402
 import pages  # noqa: E402
 
 ROOT = pages.ROOT
@@ -50,6 +51,7 @@ class Stage:
     def __init__(self, folder: Path) -> None:
         self._folder = folder
         self._done: set[Path] = set()
+        self._operations = {name for name, _ in headers.read_table()}
 
     def put(self, path: Path) -> None:
         """A file with all that it links."""
@@ -76,9 +78,17 @@ class Stage:
             way = os.path.relpath(self._folder / name, target.parent)
             return f"]({way}{'#' + parts.fragment if parts.fragment else ''})"
 
+        def explained(match: re.Match) -> str:
+            way = os.path.relpath(self._folder / "reference.md", target.parent)
+            return f"[`{match[1]}`]({way}#{match[1].lower()})" if match[1] in self._operations else match[0]
+
         if path.suffix == ".md" or path.is_dir():
             pieces = re.split(r"(?ms)(^```.*?^```$)", text)
-            text = "".join(piece if piece.startswith("```") else pages.LINK.sub(moved, piece) for piece in pieces)
+            for i in range(0, len(pieces), 2):
+                pieces[i] = pages.LINK.sub(moved, pieces[i])
+                if path.name != "reference.md":
+                    pieces[i] = re.sub(r"(?<!\[)`(\w+)`(?!\])", explained, pieces[i])
+            text = "".join(pieces)
         target.write_text(text)
 
 

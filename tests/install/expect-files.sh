@@ -23,13 +23,12 @@ expected=(
     lib/pkgconfig/camera-component.pc
     share/camera-component/thrift/{base,camera}.thrift
     share/doc/camera-component/{LICENSE,README.md}
-    share/doc/camera-component/examples/place_camera.cpp
 )
-# Headers and pages are as many as the tree has.
+# Headers, pages and examples are as many as the tree has.
 mapfile -t -O "${#expected[@]}" expected < <(
     cd "$source/interface" && find qel -name '*.h' -printf 'include/%p\n'
     cd "$source/host/include" && find qel -name '*.h' -printf 'include/%p\n'
-    cd "$source" && find docs -path docs/tools -prune -o -type f -printf 'share/doc/camera-component/%p\n'
+    cd "$source" && find docs examples -type f -printf 'share/doc/camera-component/%p\n'
 )
 program=(
     bin/camera
