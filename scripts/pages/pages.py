@@ -7,12 +7,18 @@ pages.py samples        every C++ sample is a file of examples/, or a marked reg
                         every CMake sample that names its file
 pages.py fill           puts those files and regions into the pages
 pages.py commands       every shell command is one of commands.toml, which names what runs it or why nothing does
+pages.py run FOLDER MODULE
+                        runs the shell samples under <!-- run --> with the programs of the folder and the module's file,
+                        and compares what they print with the text below them
 pages.py html FOLDER    every link within a folder of HTML leads somewhere
 """
 
+import difflib
 import os
 import re
+import subprocess
 import sys
+import tempfile
 import textwrap
 import tomllib
 from html.parser import HTMLParser
@@ -117,10 +123,33 @@ def fill_samples() -> list[str]:
     return []
 
 
+RUN = re.compile(r"(?ms)^<!-- run -->\n```sh\n(.*?)^```$(?:\n\n```text\n(.*?)^```$)?")
+
+
+def check_run(programs: Path, module: Path) -> list[str]:
+    wrong = []
+    count = 0
+    environment = {**os.environ, "PATH": f"{programs}:{os.environ['PATH']}"}
+    for page in pages():
+        with tempfile.TemporaryDirectory() as folder:
+            (Path(folder) / "CameraLibrary.so").symlink_to(module)
+            (Path(folder) / "models").symlink_to(ROOT / "models")
+            for commands_text, expected in RUN.findall(page.read_text()):
+                count += 1
+                done = subprocess.run(["bash", "-euo", "pipefail", "-c", commands_text], cwd=folder, env=environment,
+                                      stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
+                if done.returncode != 0:
+                    wrong.append(f"{shown(page)}: fails with {done.returncode}: {commands_text}{done.stderr}")
+                elif done.stdout != expected:
+                    wrong += difflib.unified_diff(expected.splitlines(), done.stdout.splitlines(), shown(page),
+                                                  commands_text.strip(), lineterm="")
+    return wrong if count else ["no page has a sample to run"]
+
+
 def commands(page: Path) -> list[str]:
-    """The lines of a page's shell samples, comments and continuations taken care of."""
+    """The lines of a page's shell samples that are not run as they stand, comments and continuations taken care of."""
     found = []
-    for language, text in FENCE.findall(page.read_text()):
+    for language, text in FENCE.findall(RUN.sub("", page.read_text())):
         if language == "sh":
             for line in text.replace("\\\n", " ").splitlines():
                 command = " ".join(re.sub(r"(?:^|\s)#.*", "", line).split())
@@ -201,6 +230,8 @@ def main() -> int:
     arguments = sys.argv[1:]
     if len(arguments) == 1 and arguments[0] in checks:
         wrong = checks[arguments[0]]()
+    elif len(arguments) == 3 and arguments[0] == "run":
+        wrong = check_run(Path(arguments[1]).resolve(), Path(arguments[2]).resolve())
     elif len(arguments) == 2 and arguments[0] == "html":
         wrong = check_html(Path(arguments[1]).resolve())
     else:

@@ -3,7 +3,7 @@
 """Copies the pages into a folder as mkdocs wants them: all below one folder, README.md as index.md, the sources
 that they link as pages too, and the names of operations as links to the reference.
 
-stage.py FOLDER      FOLDER is emptied first
+stage.py FOLDER      FOLDER is emptied first; mkdocs.yml comes to stand beside it
 """
 
 import os
@@ -18,6 +18,7 @@ import headers  # noqa: E402
 import pages  # noqa: E402
 
 ROOT = pages.ROOT
+FIRST = ["guide.md", "reference.md", "limitations.md", "install.md", "program.md"]  # in the list beside each page
 LANGUAGES = {".h": "cpp", ".cpp": "cpp", ".thrift": "text", ".txt": "cmake", ".toml": "text"}
 
 
@@ -102,11 +103,11 @@ def main() -> int:
     stage.put(ROOT / "README.md")
     for page in sorted((ROOT / "docs").rglob("*.md")):
         stage.put(page)
-    listed = Path(__file__).with_name("mkdocs.yml").read_text()
-    missing = [page.name for page in (ROOT / "docs").glob("*.md") if f"- {page.name}\n" not in listed]
-    if missing:
-        print(f"mkdocs.yml does not list {', '.join(missing)}", file=sys.stderr)
-        return 1
+    others = sorted(page.name for page in (ROOT / "docs").glob("*.md") if page.name not in FIRST)
+    (folder.parent / "mkdocs.yml").write_text(
+        f"INHERIT: {Path(__file__).with_name('mkdocs.yml')}\ndocs_dir: {folder.name}\nsite_dir: html\n"
+        f"theme:\n  custom_dir: {Path(__file__).with_name('theme')}\n"
+        + "nav:\n  - Camera component: index.md\n" + "".join(f"  - {name}\n" for name in FIRST + others))
     return 0
 
 

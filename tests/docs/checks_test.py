@@ -117,6 +117,26 @@ class Commands(Tree):
         self.expect_one(pages.check_commands(self.KNOWN), "no page shows 'make it'")
 
 
+class Run(Tree):
+    def found(self, text: str) -> list[str]:
+        self.write("README.md", text)
+        return pages.check_run(pages.ROOT, pages.ROOT / "examples/program.cpp")
+
+    def test_a_sample_that_prints_what_the_page_says_passes(self) -> None:
+        self.assertEqual(self.found("<!-- run -->\n```sh\necho 42\n```\n\n```text\n42\n```\n"), [])
+
+    def test_another_output_is_found(self) -> None:
+        found = self.found("<!-- run -->\n```sh\necho 42\n```\n\n```text\n43\n```\n")
+        self.assertIn("-43", found)
+        self.assertIn("+42", found)
+
+    def test_a_command_that_fails_is_found(self) -> None:
+        self.expect_one(self.found("<!-- run -->\n```sh\nfalse | true\n```\n"), "fails with 1")
+
+    def test_pages_without_samples_are_wrong(self) -> None:
+        self.expect_one(self.found("```sh\nfalse\n```\n"), "no page has a sample")
+
+
 class HtmlLinks(Tree):
     def test_links_within_the_folder_are_followed(self) -> None:
         self.write("html/a.html", '<h1 id="one">One</h1><a href="b.html#two">b</a><a href="#one">one</a>')
