@@ -137,7 +137,7 @@ def check_run(programs: Path, module: Path) -> list[str]:
             for commands_text, expected in RUN.findall(page.read_text()):
                 count += 1
                 done = subprocess.run(["bash", "-euo", "pipefail", "-c", commands_text], cwd=folder, env=environment,
-                                      stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
+                                      stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=300)
                 if done.returncode != 0:
                     wrong.append(f"{shown(page)}: fails with {done.returncode}: {commands_text}{done.stderr}")
                 elif done.stdout != expected:
