@@ -28,7 +28,7 @@ std::vector<Step> placingSteps() {
          [](Stage& stage) { stage.change<"planarCameraUpdateWindowSize">(stage.width, stage.height); }},
         {placing, "fit-box", "The model's box is fitted",
          "The eye moves back and sideways, and the frustum closes around the box, here with a margin of 2 % of its "
-         "diagonal. The near plane lies on the front of the box, the far plane just behind it.",
+         "diagonal. The near and the far plane touch the sphere around it.",
          [](Stage& stage) { stage.fitBox(); }},
         {placing, "clipping-planes", "Clipping planes from the bounding sphere",
          "Near and far move 5 % away from the sphere around the box. The angles of the frustum stay, and so does the "

@@ -240,7 +240,7 @@ def arcball() -> str:
                      turn=(angle,))
         drawing.text(plus(seen(*pixel), shift), f"{angle:.3f} rad", colour=ORANGE, size=13)
     drawing.dot(seen(*centre), colour=ORANGE)
-    drawing.text((30, 34), "A drag turns by the angle between its two points of the ball; the arrows start in the middle.",
+    drawing.text((30, 34), "A drag turns by the angle between its two points of the ball; these start in the middle.",
                  size=13)
     drawing.text((30, 14), "Orange: how far a drag along the arrow turns. At radius 0.5 there is a step.", size=13)
     return drawing.finish()

@@ -44,6 +44,13 @@ class Record:
     fields: list[Field] = field(default_factory=list)
 
 
+@dataclass
+class Enumeration:
+    name: str
+    text: str
+    values: list[tuple[str, str]]
+
+
 def _comment(lines: list[str]) -> str:
     """Lines of a comment as paragraphs, each on one line."""
     paragraphs = "\n".join(line.strip() for line in lines).split("\n\n")
@@ -112,6 +119,17 @@ def read_table() -> list[tuple[str, list[str]]]:
         if name != member:
             raise Misunderstood(f"{TABLE}: {name} stands beside {member}")
     return [(name, re.findall(r'"(\w+)"', arguments)) for name, _, arguments in found]
+
+
+def read_enumerations(header: str) -> list[Enumeration]:
+    """The enumerations of a header, each a struct with an enum named type."""
+    path = ROOT / "interface/qel/api" / header
+    text = path.read_text()
+    found = re.findall(r"((?:^///.*\n)+)struct (\w+) \{\s*enum type : std::int32_t \{([^}]*)\};", text, re.M)
+    if len(found) != text.count("enum type"):
+        raise Misunderstood(f"{path}: not every enumeration is understood")
+    return [Enumeration(name, _comment([_after(line, "///") for line in comment.splitlines()]),
+                        re.findall(r"(\w+) = (-?\d+)", values)) for comment, name, values in found]
 
 
 def read_records(header: str) -> list[Record]:

@@ -26,7 +26,7 @@ RECORD_HEADERS = ["base/Records.h", "camera/Values.h", "camera/States.h", "camer
 # A sentence with one of these words tells what happens to arguments that make no sense.
 DEGENERATE = re.compile(
     r"\b(unchanged|refused?|every \w+ is taken|NaN|infinit\w+|divides?|left out|stored too|stays where it is|"
-    r"not limited|no upper bound|counts? as|does not follow|nothing is orthonormalised)\b", re.IGNORECASE)
+    r"not limited|no upper bound|counts? as|does not follow|reversed|not tested|nothing is orthonormalised)\b", re.IGNORECASE)
 
 INTRODUCTION = """\
 <!-- Written by scripts/pages/reference.py from the public headers. Change those, or scripts/pages/operations.toml. -->
@@ -136,7 +136,8 @@ def errors(operation: headers.Operation, failures: str) -> str:
         reasons.append(own[1])
     if operation.result != "DoubleResult":
         reasons.append("memory runs out")
-    return f"code {code}, \"{message}\", when " + ", or when ".join(filter(None, [", when ".join(reasons[:-1]), reasons[-1]])) + "."
+    causes = ", or when ".join(filter(None, [", when ".join(reasons[:-1]), reasons[-1]]))
+    return f'code {code}, "{message}", when {causes}.'
 
 
 def numeric_sections() -> list[tuple[str, list[tuple[str, str]]]]:
@@ -170,19 +171,19 @@ def write_operation(operation: headers.Operation, extra: Extra, names: set[str],
         lines += [f"| `{name}` | {kind} | {extra.argument(operation.name, kind, name)} |"
                   for kind, name in operation.arguments]
         lines.append("")
-    lines.append(f"- Result: {extra.result(operation)}.")
+    lines.append(f"- **Result**: {extra.result(operation)}.")
     numeric = any(kind not in IMAGE_BYTES for kind, _ in operation.arguments)
     others = others_with_the_same_cases(description, operation, names)
     if degenerate:
-        lines.append(f"- Degenerate: {linked(degenerate, names, operation.name)}")
+        lines.append(f"- **Degenerate**: {linked(degenerate, names, operation.name)}")
     elif others:
-        lines.append("- Degenerate: as " + " and ".join(linked(other, names) for other in others) + ".")
+        lines.append("- **Degenerate**: as " + " and ".join(linked(other, names) for other in others) + ".")
     elif numeric:
         raise Incomplete(f"the comment of {operation.name} does not tell what arguments without sense do")
-    lines.append(f"- Errors: {errors(operation, failures)}")
+    lines.append(f"- **Errors**: {errors(operation, failures)}")
     more = more_on_numbers(operation.name, sections)
     if more:
-        lines.append(f"- Numbers: {more}.")
+        lines.append(f"- **Numbers**: {more}.")
     pictures = extra.pictures(operation.name)
     if pictures:
         before, after, caption = pictures
@@ -192,7 +193,11 @@ def write_operation(operation: headers.Operation, extra: Extra, names: set[str],
 
 
 def write_records(names: set[str]) -> str:
-    lines = ["## Records", "", "Public members with plain values. `std::string` holds bytes.", ""]
+    lines = ["## Records", "", "Public members with plain values. A `std::string` holds bytes.", ""]
+    for enumeration in headers.read_enumerations("camera/Values.h"):
+        lines += [f"### {enumeration.name}", "", linked(enumeration.text, names), "", "| name | value |", "|---|---|"]
+        lines += [f"| `{name}` | {value} |" for name, value in enumeration.values]
+        lines.append("")
     for header in RECORD_HEADERS:
         for record in headers.read_records(header):
             lines += [f"### {record.name}", "", linked(record.text, names), "", "| field | type | |", "|---|---|---|"]
@@ -218,7 +223,8 @@ def write() -> str:
         page += f"| [{group.name}](#{anchor(group.name)}) | {links} |\n"
     page += "\n## All operations\n\n"
     for paragraph in about.split("\n\n")[1:]:
-        page += re.sub(r"^(State|Errors|Degenerate numbers|Conventions)\b", r"**\1**", linked(paragraph, names)) + "\n\n"
+        page += re.sub(r"^(State|Errors|Degenerate numbers|Conventions)\b", r"**\1**", linked(paragraph, names))
+        page += "\n\n"
     for group in groups:
         page += f"## {group.name}\n\n{linked(group.text, names)}\n\n"
         drawing = extra.drawing(group.name)

@@ -158,8 +158,8 @@ class Reference(unittest.TestCase):
             part = page.split(f"\n### {name}\n")[1].split("\n### ")[0]
             for argument in arguments:
                 self.assertRegex(part, rf"(?m)^\| `{argument}` \| \w+ \| .+ \|$", name)
-            self.assertIn("\n- Result: ", part, name)
-            self.assertIn("\n- Errors: code ", part, name)
+            self.assertIn("\n- **Result**: ", part, name)
+            self.assertIn("\n- **Errors**: code ", part, name)
 
     def test_an_operation_without_a_comment_is_refused(self) -> None:
         with self.assertRaises(headers.Misunderstood):
