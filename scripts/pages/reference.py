@@ -26,7 +26,8 @@ RECORD_HEADERS = ["base/Records.h", "camera/Values.h", "camera/States.h", "camer
 # A sentence with one of these words tells what happens to arguments that make no sense.
 DEGENERATE = re.compile(
     r"\b(unchanged|refused?|every \w+ is taken|NaN|infinit\w+|divides?|left out|stored too|stays where it is|"
-    r"not limited|no upper bound|counts? as|does not follow|reversed|not tested|nothing is orthonormalised)\b", re.IGNORECASE)
+    r"not limited|no upper bound|counts? as|does not follow|reversed|not tested|nothing is orthonormalised)\b",
+    re.IGNORECASE)
 
 INTRODUCTION = """\
 <!-- Written by scripts/pages/reference.py from the public headers. Change those, or scripts/pages/operations.toml. -->
