@@ -34,10 +34,8 @@ install(EXPORT CameraComponentTargets NAMESPACE CameraComponent:: DESTINATION ${
 
 if(TARGET camera)
   install(TARGETS camera RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  if(EXISTS ${PROJECT_SOURCE_DIR}/host/program/completion/camera.bash)
-    install(FILES ${PROJECT_SOURCE_DIR}/host/program/completion/camera.bash RENAME camera
-      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-  endif()
+  install(FILES ${PROJECT_SOURCE_DIR}/host/program/completion/camera.bash RENAME camera
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   # Something to try it with.
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/models DESTINATION ${CAMERA_INSTALL_DATADIR})
 endif()

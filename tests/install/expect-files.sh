@@ -32,11 +32,9 @@ mapfile -t -O "${#expected[@]}" expected < <(
 )
 program=(
     bin/camera
+    share/bash-completion/completions/camera
     share/camera-component/models/{README.md,bunny.obj,teapot.obj}
 )
-if [[ -e $source/host/program/completion/camera.bash ]]; then
-    program+=(share/bash-completion/completions/camera)
-fi
 thrift=(
     lib/camera-component/thrift/{LICENSE,NOTICE,lib/libthrift.a}
     lib/camera-component/thrift/include/thrift/TBase.h

@@ -116,8 +116,14 @@ case $way in
         found=$("$prefix/bin/camera" --version)
         [[ $found == "camera $version" ]] || fail "camera --version says $found"
         module=$(folder_of CameraLibrary.so)/CameraLibrary.so
-        help=$("$prefix/bin/camera" tour --help)
+        help=$("$prefix/bin/camera" call --help)
         [[ $help == *"=$module"* ]] || fail "its module is not $module: $help"
+        # The corner that the host looks at as well.
+        pixel=$("$prefix/bin/camera" call planarCameraCreateDefault |
+            "$prefix/bin/camera" call planarCameraUpdateWindowSize - 1280 720 |
+            "$prefix/bin/camera" call planarCameraFitWorldSpaceBoundingBox - -1 -1 -1 1 1 1 |
+            "$prefix/bin/camera" call transformWorldPointToScreenPoint - 1,1,1 | tr -d ' \n')
+        [[ $pixel == *'"mData":[1000'*,720* ]] || fail "the corner is at $pixel"
         ;;
     *) fail "no such way" ;;
 esac
