@@ -45,8 +45,23 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/interface/qel ${PROJECT_SOURCE_DIR}/host
 install(FILES ${PROJECT_SOURCE_DIR}/interface/base.thrift ${PROJECT_SOURCE_DIR}/interface/camera.thrift
   DESTINATION ${CAMERA_INSTALL_DATADIR}/thrift)
 
+# The pages and the examples that they show, as they stand in the tree.
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CAMERA_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CAMERA_INSTALL_DOCDIR})
+# Their links to headers lead to the installed ones.
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_INCLUDEDIR
+  BASE_DIRECTORY ${CMAKE_INSTALL_FULL_DATAROOTDIR}/doc/camera-component OUTPUT_VARIABLE _camera_headers_from_pages)
+install(CODE "
+  set(headers \"${_camera_headers_from_pages}\")
+  set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CAMERA_INSTALL_DOCDIR}\")")
+install(CODE [[
+  file(GLOB pages "${folder}/README.md" "${folder}/docs/*.md")
+  foreach(page IN LISTS pages)
+    file(READ "${page}" text)
+    string(REGEX REPLACE "\\]\\(((\\.\\./)*)(interface|host/include)/qel/" "](\\1${headers}/qel/" text "${text}")
+    file(WRITE "${page}" "${text}")
+  endforeach()
+]])
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/packaging/CameraComponentConfig.cmake.in

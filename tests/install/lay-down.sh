@@ -30,5 +30,11 @@ options=(-rlF --exclude=libthrift.a)
 ! grep "${options[@]}" -e "$source" -e "$build" -e "$prefix" "$prefix" ||
     fail "these files name a folder of the machine they were built on"
 
+# The pages and what they lead to were laid down together.
+while IFS=: read -r page link; do
+    [[ -e $(dirname "$page")/$link ]] || fail "$page leads to $link, which is not there"
+done < <(grep -oE '\]\([^):# ]+\.(md|h|cpp|png|svg|txt|thrift)[)#]' -r --include='*.md' "$prefix/share/doc" |
+    sed -E 's/:\]\(/:/; s/[)#]$//')
+
 mkdir -p "$(dirname "$moved")"
 mv "$prefix" "$moved"
