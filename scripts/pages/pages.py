@@ -8,8 +8,8 @@ pages.py samples        every C++ sample is a file of examples/, or a marked reg
 pages.py fill           puts those files and regions into the pages
 pages.py commands       every shell command is one of commands.toml, which names what runs it or why nothing does
 pages.py run FOLDER MODULE
-                        runs the shell samples under <!-- run --> with the programs of the folder and the module's file,
-                        and compares what they print with the text below them
+                        runs the shell samples under <!-- run -->, the folder's programs and the module standing as
+                        build/demo and on the PATH, and compares what they print with the text below them
 pages.py html FOLDER    every link within a folder of HTML leads somewhere
 """
 
@@ -132,7 +132,10 @@ def check_run(programs: Path, module: Path) -> list[str]:
     environment = {**os.environ, "PATH": f"{programs}:{os.environ['PATH']}"}
     for page in pages():
         with tempfile.TemporaryDirectory() as folder:
-            (Path(folder) / "CameraLibrary.so").symlink_to(module)
+            demo = Path(folder) / "build/demo"
+            (demo / "lib").mkdir(parents=True)
+            (demo / "lib/CameraLibrary.so").symlink_to(module)
+            (demo / "bin").symlink_to(programs)
             (Path(folder) / "models").symlink_to(ROOT / "models")
             for commands_text, expected in RUN.findall(page.read_text()):
                 count += 1

@@ -186,6 +186,8 @@ def write_operation(operation: headers.Operation, extra: Extra, names: set[str],
     if more:
         lines.append(f"- **Numbers**: {more}.")
     pictures = extra.pictures(operation.name)
+    if operation.group == "Navigation" and not pictures:
+        raise Incomplete(f"operations.toml has no pictures of {operation.name}, which is a navigation")
     if pictures:
         before, after, caption = pictures
         lines += ["", f"| before | after: {caption} |", "|---|---|",
