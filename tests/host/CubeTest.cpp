@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: Apache-2.0
+// Runs the example of a cube in a window of its own, as a person does.
+#include <cstdlib>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+#include "Desktop.h"
+
+namespace qel::host::test {
+namespace {
+
+constexpr unsigned int left = 1;
+constexpr unsigned int right = 3;
+
+struct Place {
+    int x = 0;
+    int y = 0; ///< from below
+};
+
+/// The cube's corner where x, y and z are 1 is white, and nothing else is.
+std::optional<Place> whiteCorner(const Picture& picture) {
+    std::optional<Place> place;
+    int whitest = 750;
+    for (int row = 0; row < picture.height; ++row) {
+        for (int column = 0; column < picture.width; ++column) {
+            const std::uint8_t* pixel = picture.at(column, row);
+            if (const int sum = pixel[0] + pixel[1] + pixel[2]; sum > whitest) {
+                whitest = sum;
+                place = {column, picture.height - 1 - row};
+            }
+        }
+    }
+    return place;
+}
+
+int countCube(const Picture& picture) {
+    int count = 0;
+    for (std::size_t i = 0; i < picture.bytes.size(); i += 4) {
+        count += picture.bytes[i] + picture.bytes[i + 1] + picture.bytes[i + 2] > 0 ? 1 : 0;
+    }
+    return count;
+}
+
+bool isNear(std::optional<Place> place, int x, int y) {
+    return place && std::abs(place->x - x) <= 1 && std::abs(place->y - y) <= 1;
+}
+
+class Cube : public ::testing::Test {
+protected:
+    Desktop desktop{{CAMERA_CUBE, CAMERA_MODULE}};
+    Picture first = desktop.waitFor([](const Picture& picture) { return whiteCorner(picture).has_value(); });
+    Place corner = *whiteCorner(first);
+};
+
+TEST_F(Cube, IsSeenInFullAndLargeAtFirst) {
+    // Black around it, and a good part of the window not.
+    for (int column = 0; column < first.width; ++column) {
+        EXPECT_EQ(first.at(column, 0)[0] + first.at(column, 0)[1] + first.at(column, 0)[2], 0);
+    }
+    EXPECT_GT(countCube(first), first.width * first.height / 5);
+}
+
+TEST_F(Cube, FollowsTheMouseWhenItIsPanned) {
+    desktop.drag(right, corner.x, corner.y, corner.x + 60, corner.y - 45);
+    desktop.waitFor([&](const Picture& picture) { return isNear(whiteCorner(picture), corner.x + 60, corner.y - 45); });
+}
+
+TEST_F(Cube, GrowsAboutTheCursor) {
+    const int before = countCube(first);
+    desktop.move(corner.x, corner.y);
+    desktop.turnWheel(2);
+    // By 1 / 0.9 in each direction for each notch.
+    const Picture after = desktop.waitFor([&](const Picture& picture) { return countCube(picture) > before * 1.4; });
+    EXPECT_TRUE(isNear(whiteCorner(after), corner.x, corner.y));
+}
+
+TEST_F(Cube, TurnsWhenItIsDragged) {
+    desktop.drag(left, 300, 300, 420, 300);
+    const Picture after = desktop.waitFor([&](const Picture& picture) {
+        const auto place = whiteCorner(picture);
+        return place && place->x > corner.x + 40;
+    });
+    EXPECT_GT(countCube(after), countCube(first) / 2);
+}
+
+TEST_F(Cube, KeepsItsSizeWhenTheWindowGrows) {
+    desktop.resize(1000, 700);
+    const Picture after = desktop.waitFor([&](const Picture& picture) {
+        return picture.width == 1000 && isNear(whiteCorner(picture), corner.x + 100, corner.y + 50);
+    });
+    EXPECT_NEAR(countCube(after), countCube(first), countCube(first) / 100.0);
+}
+
+TEST_F(Cube, EndsWithItsWindow) {
+    desktop.close();
+    EXPECT_EQ(desktop.wait(), 0);
+    EXPECT_EQ(desktop.errors(), "");
+}
+
+} // namespace
+} // namespace qel::host::test

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+#include "Picture.h"
+#include "TemporaryFolder.h"
+
+namespace qel::host::test {
+
+/// A program started by a test, which does not outlive it.
+class Process {
+public:
+    using Environment = std::vector<std::string>; ///< NAME=value each, over those of the test
+
+    /// What the program says goes to the two files.
+    Process(const std::vector<std::string>& command, const Environment& environment,
+            const std::filesystem::path& output, const std::filesystem::path& errors);
+    ~Process();
+
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    [[nodiscard]] bool isRunning();
+    /// Waits for its end and gives its exit code; -1 where a signal ended it.
+    int wait();
+
+private:
+    void reap(int options);
+
+    pid_t mId;
+    bool mRunning = true;
+    int mStatus = 0;
+};
+
+/// A display of its own, without a window manager, and one program in its one window. The events come from the display,
+/// as they do when a person makes them, and in the order of the calls. Positions are pixels of the window, (0, 0) the
+/// lower left one, as in pictures that are talked about.
+///
+/// What takes time is waited for until it is there, however long that takes: the time limit is the test's.
+class Desktop {
+public:
+    /// Starts the display and the program, and waits for the window.
+    explicit Desktop(const std::vector<std::string>& command);
+    ~Desktop();
+
+    void move(int x, int y);
+    void press(unsigned int button);
+    void release(unsigned int button);
+    /// Over some places between.
+    void drag(unsigned int button, int fromX, int fromY, int toX, int toY);
+    void turnWheel(int notches);
+    /// As a person finds it on the keyboard: a question mark with shift.
+    void type(char character);
+    void holdShift(bool down);
+    void resize(int width, int height);
+    /// As the button in a window's frame does.
+    void close();
+
+    /// What the window shows now.
+    [[nodiscard]] Picture look();
+    /// Looks until the condition holds. Throws std::runtime_error where the program ends before.
+    Picture waitFor(const std::function<bool(const Picture&)>& condition);
+    /// Waits until the condition holds, likewise.
+    void waitUntil(const std::function<bool()>& condition);
+
+    /// Waits for the program's end and gives its exit code.
+    int wait();
+    [[nodiscard]] std::string output() const { return readText(mFolder / "output"); }
+    [[nodiscard]] std::string errors() const { return readText(mFolder / "errors"); }
+
+private:
+    struct Connection;
+
+    TemporaryFolder mFolder;
+    std::unique_ptr<Process> mServer;
+    std::unique_ptr<Connection> mConnection;
+    std::unique_ptr<Process> mProgram;
+};
+
+} // namespace qel::host::test
