@@ -8,8 +8,6 @@
 #include <type_traits>
 #include <utility>
 
-#include <nlohmann/json.hpp>
-
 #include <qel/api/camera/OperationNames.h>
 
 #include "Arguments.h"
@@ -48,7 +46,7 @@ Call prepare(const camera::Operation<Result, Arguments...>& operation, const std
     return [arguments, member = operation.member](camera::CameraAPIIf& service) {
         Result result;
         std::apply([&](const auto&... argument) { (service.*member)(result, argument...); }, *arguments);
-        return CallOutcome{layOut(toJson(result)), result.mResult};
+        return CallOutcome{toText(result), result.mResult};
     };
 }
 

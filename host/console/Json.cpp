@@ -57,7 +57,7 @@ std::string layOut(const Json& json, std::size_t depth, std::size_t column) {
     const char* separator = "\n";
     for (const auto& [key, value] : json.items()) {
         const std::string name = json.is_object() ? inQuotes(key) + ": " : std::string();
-        text += separator + indent + name;
+        text.append(separator).append(indent).append(name);
         text += layOut(value, depth + 1, indent.size() + name.size());
         separator = ",\n";
     }

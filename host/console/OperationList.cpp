@@ -91,8 +91,10 @@ std::string namesLike(const std::string& name) {
     for (const OperationEntry& entry : allOperations()) {
         const std::size_t apart = distance(lowerCase(name), lowerCase(entry.name));
         if (apart < nearest || (apart == nearest && !names.empty())) {
-            names = apart < nearest ? "" : names + " or ";
-            names += entry.name;
+            if (apart < nearest) {
+                names.clear();
+            }
+            names.append(names.empty() ? "" : " or ").append(entry.name);
             nearest = apart;
         }
     }

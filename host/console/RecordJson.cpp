@@ -194,7 +194,7 @@ void read(const Json& given, Record& record, const std::string& path) {
     }
     for (const auto& [key, value] : json.items()) {
         if (!hasField<Record>(key)) {
-            throw JsonError(where + "a " + name + " has no field " + key);
+            throw JsonError(std::string(where).append("a ").append(name).append(" has no field ").append(key));
         }
     }
     forEachField<Record>([&](const auto& field) {
@@ -251,6 +251,11 @@ Json toJson(const Record& record) {
 }
 
 template <class Record>
+std::string toText(const Record& record) {
+    return layOut(toJson(record));
+}
+
+template <class Record>
 Record fromJson(const Json& json) {
     Record record;
     read(json, record, "");
@@ -258,9 +263,10 @@ Record fromJson(const Json& json) {
 }
 
 // Here alone, because the folds over all fields take their time to compile.
-#define QEL_HOST_RECORD_JSON(RECORD)               \
-    template Json toJson<RECORD>(const RECORD&);   \
-    template RECORD fromJson<RECORD>(const Json&); \
+#define QEL_HOST_RECORD_JSON(RECORD)                    \
+    template Json toJson<RECORD>(const RECORD&);        \
+    template std::string toText<RECORD>(const RECORD&); \
+    template RECORD fromJson<RECORD>(const Json&);      \
     template bool hasFieldsOf<RECORD>(const Json&);
 
 QEL_HOST_RECORD_JSON(api::base::ServiceResult)

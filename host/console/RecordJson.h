@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string>
+
 #include <nlohmann/json_fwd.hpp>
 
 #include <qel/api/camera/Results.h>
@@ -16,6 +18,10 @@ namespace qel::host {
 /// are strings such as "NaN" and "-Infinity", see numberText.
 template <class Record>
 Json toJson(const Record& record);
+
+/// The same, laid out.
+template <class Record>
+std::string toText(const Record& record);
 
 /// Reads what toJson writes, bit for bit, and raises the set-flag of each field. All fields but optional ones must be
 /// there, and no others. Where a record is wanted, a result that holds such a record in its mValue serves too, unless

@@ -16,7 +16,7 @@ std::filesystem::path defaultModule() {
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
     // As installed, or as built, or wherever both files were copied to.
     for (const char* const place : {CAMERA_INSTALLED_MODULE, "../lib/CameraLibrary.so"}) {
-        const auto module = (folder / place).lexically_normal();
+        auto module = (folder / place).lexically_normal();
         if (std::filesystem::exists(module, error)) {
             return module;
         }
