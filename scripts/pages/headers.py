@@ -70,7 +70,7 @@ def _declaration(text: str, group: str, comment: list[str]) -> Operation:
         raise Misunderstood(f"{SERVICE}: {name} has no comment")
     parsed = []
     for parameter in parameters.split(", "):
-        plain = parameter.removeprefix("const ").replace("::type", "").replace("std::", "").replace("_t", "")
+        plain = re.sub(r"\bstd::(\w+)_t\b", r"\1", parameter.removeprefix("const ").replace("::type", ""))
         pieces = re.fullmatch(r"(\w+)(?:&)? (\w+)", plain)
         if not pieces:
             raise Misunderstood(f"{SERVICE}: {name} has an argument that is not understood: {parameter}")
@@ -145,7 +145,7 @@ def read_records(header: str) -> list[Record]:
             inside = True
         elif inside and line.strip() == "struct Isset {":
             inside = False
-        elif inside and line.strip().endswith(";") or inside and ";" in line:
+        elif inside and ";" in line:
             pieces = re.fullmatch(r"\s*([\w:<>]+(?:<.*>)?) (m\w+)(?: = [^;]+)?;\s*(?:///< (.*))?", line)
             if not pieces:
                 raise Misunderstood(f"{path}: not understood: {line}")
