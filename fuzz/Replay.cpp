@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <ios>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,8 +56,9 @@ std::vector<Input> readCorpora(const std::vector<std::string>& folders) {
 
     std::vector<Input> inputs;
     for (const auto& path : paths) {
+        Input& input = inputs.emplace_back(std::filesystem::file_size(path));
         std::ifstream file(path, std::ios::binary);
-        inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        file.read(reinterpret_cast<char*>(input.data()), static_cast<std::streamsize>(input.size()));
     }
     return inputs;
 }
