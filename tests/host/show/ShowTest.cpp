@@ -221,7 +221,9 @@ TEST(ShowWarnings, EndWithTheOperationThatBringsTheViewInStep) {
 TEST(ShowWarnings, TellOfAViewMatrixThatScales) {
     const auto twice = matrix({{2, 0, 0, 0}, {0, 2, 0, 0}, {0, 0, 2, -5}, {0, 0, 0, 1}});
     EXPECT_THAT(warningsOf(made(&Api::viewSetViewMatrix, made(&Api::viewCreateDefault), twice)),
-                Contains(HasSubstr("are not the inverse of each other")));
+                AllOf(Contains(HasSubstr("are not the inverse of each other")),
+                      Contains(HasSubstr("the view transform matrix has its eye at (0, 0, 10), not where the eye "
+                                         "is"))));
 }
 
 TEST(ShowWarnings, TellOfARawProjectionMatrix) {
