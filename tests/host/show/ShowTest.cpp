@@ -311,6 +311,26 @@ TEST(ShowWarnings, TellOfAPartOfACameraThatIsNotItsOwn) {
     EXPECT_THAT(report(state).text(), HasSubstr("  eye             (0, 0, 0)\n"));
 }
 
+TEST(ShowWarnings, TellWhichPartOfACameraIsNotItsOwn) {
+    const auto whole = made(&Api::planarCameraCreateDefault);
+    auto state = whole;
+    state.mProjectionState.mPrivate.back() ^= 1;
+    EXPECT_THAT(warningsOf(state), ElementsAre(StartsWith("camera: mProjectionState.mPrivate is not the part")));
+    state = whole;
+    state.mSurfaceState.mPrivate.back() ^= 1;
+    EXPECT_THAT(warningsOf(state), ElementsAre(StartsWith("camera: mSurfaceState.mPrivate is not the part")));
+    state = whole;
+    state.mSurfaceState.mPrivate.front() ^= 1; // in what nobody reads
+    EXPECT_THAT(warningsOf(state), IsEmpty());
+}
+
+TEST(ShowWarnings, TellOfAForgedInverse) {
+    auto surface = made(&Api::surfaceCreateDefault);
+    surface.mPrivate[199] ^= 1; // the exponent of the first element of the second matrix
+    EXPECT_THAT(warningsOf(surface), ElementsAre("surface: the viewport matrix and the inverse that it keeps do not "
+                                                 "belong together"));
+}
+
 TEST(ShowWarnings, TellOfAnImageThatIsTooShortOrTooLong) {
     auto view = lookingDown();
     view.mPrivate.pop_back();
