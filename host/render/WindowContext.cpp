@@ -21,7 +21,6 @@ namespace {
     const char* words = nullptr;
     glfwGetError(&words);
     const std::string reason = words != nullptr ? words : "GLFW gives no reason";
-    glfwTerminate();
     throw GraphicsError("no window: " + reason);
 }
 
@@ -42,7 +41,8 @@ WindowContext::WindowContext(int width, int height, const char* title) {
     glfwMakeContextCurrent(mWindow);
 }
 
-WindowContext::~WindowContext() { glfwTerminate(); }
+// GLFW is the process's, and does not count who uses it: to end it would end every other window.
+WindowContext::~WindowContext() { glfwDestroyWindow(mWindow); }
 
 int WindowContext::width() const {
     int width = 0;

@@ -69,7 +69,6 @@ void Navigator::endDrag(Pixel to) {
         const double depth = pick({(mFrom.x + to.x) / 2, (mFrom.y + to.y) / 2}).depth;
         mCamera = call(mService, &Api::planarCameraZoomArea, mCamera, mFrom.x, mFrom.y, depth, to.x, to.y, depth);
     }
-    mDrag.reset();
     keep(mCamera);
 }
 
@@ -122,6 +121,7 @@ Navigator::State Navigator::sized(const State& state) const {
 /// Makes the state the camera, and the newest of the history in place of what was undone.
 void Navigator::keep(const State& state) {
     mCamera = clipped(state);
+    mDrag.reset();
     if (!(mCamera == mHistory[mCurrent])) {
         mHistory.resize(++mCurrent);
         mHistory.push_back(mCamera);

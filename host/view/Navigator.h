@@ -17,7 +17,7 @@ namespace qel::host {
 /// and camera() is to be drawn as it says. What the service refuses throws std::runtime_error and changes nothing.
 ///
 /// States are values. A drag is one operation on the state in which it began, whatever way the mouse takes, so rounding
-/// does not add up. The history is a list of states, and undo takes an older one.
+/// does not add up; whatever else is done ends it. The history is a list of states, and undo takes an older one.
 class Navigator {
 public:
     using State = api::camera::PlanarCameraState;
@@ -41,11 +41,9 @@ public:
     void beginDrag(Drag drag, Pixel at);
     void drag(Pixel to);
     void endDrag(Pixel to);
-    /// About what is seen at the pixel; turns above 0 magnify.
-    void zoom(Pixel at, double turns);
+    void zoom(Pixel at, double turns); ///< about what is seen there; turns above 0 magnify
     void fit();
-    /// Along the axis, at the model's centre.
-    void look(const Vec3& axis, const Vec3& up);
+    void look(const Vec3& axis, const Vec3& up); ///< along the axis, at the model's centre
     void switchProjection();
 
     /// The scale stays: a larger window shows more. An icon's 0 by 0 changes nothing.

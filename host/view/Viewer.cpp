@@ -22,7 +22,8 @@ struct Viewer {
     std::filesystem::path stateFile;
     Navigator navigator;
     Pixel cursor{};
-    int button = -1; ///< that a drag began with
+    int button = -1;   ///< that a drag began with
+    bool stale = true; ///< the window shows something else than the camera sees
 
     void draw() {
         Strokes strokes;
@@ -31,11 +32,13 @@ struct Viewer {
         }
         renderer.show(navigator.camera(), strokes);
         glfwSwapBuffers(context.window());
+        stale = false;
     }
 
     void onMove(double right, double down) {
         cursor = context.pixelUnder(right, down);
         navigator.drag(cursor);
+        stale = stale || navigator.dragged();
     }
 
     void onButton(int which, int action, int modifiers) {
@@ -46,10 +49,20 @@ struct Viewer {
         } else if (action == GLFW_RELEASE && which == button) {
             navigator.endDrag(cursor);
         }
+        stale = true;
     }
 
-    void onWheel(double /*sideways*/, double turns) { navigator.zoom(cursor, turns); }
-    void onResize(int width, int height) { navigator.resize(width, height); }
+    void onWheel(double /*sideways*/, double turns) {
+        navigator.zoom(cursor, turns);
+        stale = true;
+    }
+
+    void onResize(int width, int height) {
+        navigator.resize(width, height);
+        stale = true;
+    }
+
+    void onRefresh() { stale = true; }
     void onCharacter(unsigned int character);
 };
 
@@ -59,35 +72,20 @@ struct Key {
     void (*act)(Viewer&);
 };
 
+/// Along an axis, with y up; or, where that is the axis, as if one had bent forwards or backwards from the front.
+template <int x, int y, int z>
+void look(Viewer& viewer) {
+    viewer.navigator.look({x, y, z}, x == 0 && z == 0 ? Vec3{0, 0, y} : Vec3{0, 1, 0});
+}
+
 constexpr Key keys[] = {
-    {'1', "front",
-     [](Viewer& viewer) {
-         viewer.navigator.look({0, 0, -1}, {0, 1, 0});
-     }},
-    {'2', "back",
-     [](Viewer& viewer) {
-         viewer.navigator.look({0, 0, 1}, {0, 1, 0});
-     }},
-    {'3', "left",
-     [](Viewer& viewer) {
-         viewer.navigator.look({1, 0, 0}, {0, 1, 0});
-     }},
-    {'4', "right",
-     [](Viewer& viewer) {
-         viewer.navigator.look({-1, 0, 0}, {0, 1, 0});
-     }},
-    {'5', "top",
-     [](Viewer& viewer) {
-         viewer.navigator.look({0, -1, 0}, {0, 0, -1});
-     }},
-    {'6', "bottom",
-     [](Viewer& viewer) {
-         viewer.navigator.look({0, 1, 0}, {0, 0, 1});
-     }},
-    {'7', "isometric",
-     [](Viewer& viewer) {
-         viewer.navigator.look({-1, -1, -1}, {0, 1, 0});
-     }},
+    {'1', "view from the front", look<0, 0, -1>},
+    {'2', "view from the back", look<0, 0, 1>},
+    {'3', "view from the left", look<1, 0, 0>},
+    {'4', "view from the right", look<-1, 0, 0>},
+    {'5', "view from the top", look<0, -1, 0>},
+    {'6', "view from the bottom", look<0, 1, 0>},
+    {'7', "isometric view", look<-1, -1, -1>},
     {'p', "perspective or orthographic", [](Viewer& viewer) { viewer.navigator.switchProjection(); }},
     {'f', "fit the model into the window", [](Viewer& viewer) { viewer.navigator.fit(); }},
     {'u', "undo", [](Viewer& viewer) { viewer.navigator.undo(); }},
@@ -103,12 +101,12 @@ void Viewer::onCharacter(unsigned int character) {
     for (const Key& key : keys) {
         if (character == static_cast<unsigned int>(key.key)) {
             key.act(*this);
+            stale = true;
         }
     }
 }
 
-/// Calls a member of the window's user. No exception may pass through GLFW, which is C: it is told, and the camera is
-/// the one it was.
+/// Calls a member of the viewer and tells what it throws: no exception may pass through GLFW, which is C.
 template <auto callback, class... Arguments>
 void call(GLFWwindow* window, Arguments... arguments) {
     try {
@@ -143,13 +141,16 @@ void view(const std::filesystem::path& model, const std::filesystem::path& modul
 
     GLFWwindow* window = context.window();
     glfwSetWindowUserPointer(window, &viewer);
+    glfwSetWindowRefreshCallback(window, call<&Viewer::onRefresh>);
     glfwSetFramebufferSizeCallback(window, call<&Viewer::onResize>);
     glfwSetCursorPosCallback(window, call<&Viewer::onMove>);
     glfwSetMouseButtonCallback(window, call<&Viewer::onButton>);
     glfwSetScrollCallback(window, call<&Viewer::onWheel>);
     glfwSetCharCallback(window, call<&Viewer::onCharacter>);
     while (glfwWindowShouldClose(window) == GLFW_FALSE) {
-        viewer.draw();
+        if (viewer.stale) {
+            viewer.draw();
+        }
         glfwWaitEvents();
     }
 }

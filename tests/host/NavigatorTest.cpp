@@ -16,7 +16,6 @@
 namespace qel::host::test {
 namespace {
 
-using api::camera::ProjectionType;
 using Drag = Navigator::Drag;
 
 const Box model{{-2, -1, 0}, {4, 3, 2}};
@@ -236,6 +235,22 @@ TEST_F(NavigatorTest, AnIconChangesNothing) {
     EXPECT_TRUE(navigator.camera() == before);
     navigator.resize(800, 600);
     EXPECT_TRUE(navigator.camera() == before);
+}
+
+TEST_F(NavigatorTest, WhateverElseIsDoneEndsADragWhereItIs) {
+    const auto first = navigator.camera();
+    navigator.beginDrag(Drag::pan, somewhere);
+    navigator.drag(elsewhere);
+    const Vec3 point = sight().pointAtDepth(place(elsewhere), depth);
+    navigator.zoom(elsewhere, 1.0);
+    EXPECT_EQ(navigator.dragged(), std::nullopt);
+    const auto zoomed = navigator.camera();
+    navigator.drag(somewhere);
+    navigator.endDrag(somewhere);
+    EXPECT_TRUE(navigator.camera() == zoomed);
+    expectSeenAt(point, elsewhere);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
 }
 
 TEST_F(NavigatorTest, UndoAndRedoGiveTheSameBits) {

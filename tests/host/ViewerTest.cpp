@@ -74,7 +74,8 @@ protected:
 
     TemporaryFolder folder;
     std::filesystem::path file = folder / "camera.state";
-    Desktop desktop{{CAMERA_PROGRAM, "view", CAMERA_MODELS "/teapot.obj", "--state", file}};
+    const std::string model = CAMERA_MODELS "/teapot.obj";
+    Desktop desktop{{CAMERA_PROGRAM, "view", model, "--state", file}};
     const PlanarCameraState first = camera();
     // A place on the pot's body, and the point of it that is seen there.
     const int x = 440;
