@@ -130,6 +130,20 @@ TEST(RecordText, ResultsInDeclaredOrder) {
     EXPECT_EQ(text(d), "DoubleResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=1.5)");
 }
 
+TEST(RecordText, ResultsOfStatesShowTheStateAndTheOutcome) {
+    const std::string outcome = ", mResult=ServiceResult(mError=0, mMessage=<null>))";
+    EXPECT_EQ(text(camera::ViewStateResult()), "ViewStateResult(mValue=" + text(camera::ViewState()) + outcome);
+    EXPECT_EQ(text(camera::ProjectionStateResult()),
+              "ProjectionStateResult(mValue=" + text(ProjectionState()) + outcome);
+    EXPECT_EQ(text(camera::SurfaceStateResult()),
+              "SurfaceStateResult(mValue=" + text(camera::SurfaceState()) + outcome);
+    EXPECT_EQ(text(camera::PlanarCameraStateResult()),
+              "PlanarCameraStateResult(mValue=" + text(camera::PlanarCameraState()) + outcome);
+    EXPECT_EQ(text(camera::PlanarCameraState()),
+              "PlanarCameraState(mViewState=" + text(camera::ViewState()) + ", mProjectionState=" +
+                  text(ProjectionState()) + ", mSurfaceState=" + text(camera::SurfaceState()) + ", mPrivate=)");
+}
+
 TEST(RecordText, PlanarCameraStateNamesItsStates) {
     const std::string s = text(camera::PlanarCameraStateResult());
     EXPECT_TRUE(s.starts_with("PlanarCameraStateResult(mValue=PlanarCameraState(mViewState=ViewState(")) << s;
