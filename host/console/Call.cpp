@@ -34,10 +34,9 @@ template <class Result, class... Arguments, std::size_t... index>
 Call prepare(const camera::Operation<Result, Arguments...>& operation, const std::vector<std::string>& texts,
              [[maybe_unused]] Input& input, std::index_sequence<index...>) {
     if (texts.size() != sizeof...(Arguments)) {
-        const std::string given = std::to_string(texts.size());
-        throw ArgumentError("there is " + signatureOf(operation.name) + ", which takes " +
-                            std::to_string(sizeof...(Arguments)) +
-                            (sizeof...(Arguments) == 1 ? " argument" : " arguments") + ", but " + given + " came");
+        throw ArgumentError(std::string(operation.name) + " takes " + std::to_string(sizeof...(Arguments)) +
+                            (sizeof...(Arguments) == 1 ? " argument" : " arguments") + ", but " +
+                            std::to_string(texts.size()) + " came: " + signatureOf(operation.name));
     }
     // In braces, so that they are read in order. The call may be copied, and states are large.
     const auto arguments = std::make_shared<std::tuple<std::remove_cvref_t<Arguments>...>>(

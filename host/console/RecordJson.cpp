@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RecordJson.h"
 
-#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -40,10 +40,7 @@ template <class Element>
 constexpr bool isList<std::vector<Element>> = true;
 
 /// Doubles that JSON has no spelling for are strings.
-Json writeDouble(double value) {
-    Json number = value;
-    return value - value == 0 ? number : Json(numberText(value));
-}
+Json writeDouble(double value) { return std::isfinite(value) ? Json(value) : Json(numberText(value)); }
 
 template <class Value>
 Json write(const Value& value) {
