@@ -47,8 +47,12 @@ protected:
     }
 
     double depth = 0.4; // what the depth buffer holds everywhere
+    Pixel asked;        // where it was last looked at
     ComponentLoader component{CAMERA_MODULE};
-    Navigator navigator{component.camera(), model, 800, 600, [this](const auto&, Pixel) { return depth; }};
+    Navigator navigator{component.camera(), model, 800, 600, [this](const auto&, Pixel at) {
+                            asked = at;
+                            return depth;
+                        }};
 };
 
 TEST(PixelUnder, CountsFromTheLowerLeft) {
@@ -149,6 +153,8 @@ TEST_F(NavigatorTest, AreaFillsTheWindow) {
     EXPECT_EQ(navigator.from().x, 500);
     navigator.endDrag({300, 350});
     EXPECT_EQ(navigator.dragged(), std::nullopt);
+    EXPECT_EQ(asked.x, 400);
+    EXPECT_EQ(asked.y, 275);
     expectSeenAt(lowerLeft, {0, 0});
     expectSeenAt(upperRight, {800, 600});
 }
@@ -285,6 +291,9 @@ TEST_F(NavigatorTest, WhatIsDoneAfterAnUndoReplacesWhatWasUndone) {
     navigator.undo();
     navigator.zoom(elsewhere, -1.0);
     const auto last = navigator.camera();
+    navigator.undo();
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == last);
     navigator.redo();
     EXPECT_TRUE(navigator.camera() == last);
 }
