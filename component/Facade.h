@@ -8,9 +8,10 @@
 
 namespace qel::api::camera {
 
-// The road of every operation: records in, a working object or a value, records out. Everything is read before
-// anything is written, so arguments may be parts of the result. Whatever is thrown on the way becomes the failure's
-// code and message; on success the outcome part of the result stays as the caller passed it.
+// The road of every operation: records in, a working object or a value, records out. Values are read before anything is
+// written, and a part that is passed on is written to its own place alone, so arguments may be parts of the result.
+// Whatever is thrown on the way becomes the failure's code and message; on success the outcome part of the result stays
+// as the caller passed it.
 
 /// Runs `work`, which fills in the result's value itself.
 template <class Result, class Work>

@@ -42,7 +42,9 @@ Vec3 worldToScreen(const PlanarCamera& camera, const Vec3& point) noexcept {
     return viewToScreen(camera, camera.view().worldToViewPoint(point));
 }
 
-Vec3 viewPointToWorld(const View& view, const Vec3& point) noexcept { return view.rotation() * point + view.eye(); }
+Vec3 viewPointToWorld(const View& view, const Vec3& point) noexcept {
+    return viewPointToWorld(view.rotation(), view.eye(), point);
+}
 
 Vec3 viewVectorToWorld(const View& view, const Vec3& vector) noexcept { return view.rotation() * vector; }
 

@@ -99,19 +99,20 @@ private:
     std::size_t lookedAt() const { return static_cast<std::size_t>(mEnd - mNext); }
 
     /// Looks into the transport's buffer, if it has one that holds `size` bytes or more beyond those decoded. Else
-    /// what is looked at stays as it is.
+    /// nothing is looked at any more: a transport may have moved its bytes while it was asked.
     void look(std::uint32_t size) {
         const auto decoded = static_cast<std::size_t>(mNext - mBegin);
-        if (decoded > std::numeric_limits<std::uint32_t>::max() - size) {
-            settle(); // the sum is no size that a transport could be asked for
+        if (decoded != 0 && decoded + size > std::numeric_limits<std::int32_t>::max()) {
+            settle(); // there are transports that count in 32 bits with a sign
             return look(size);
         }
         std::uint32_t available = static_cast<std::uint32_t>(decoded) + size;
-        const std::uint8_t* bytes = mTransport.borrow(nullptr, &available);
-        if (bytes != nullptr) {
+        if (const std::uint8_t* bytes = mTransport.borrow(nullptr, &available)) {
             mBegin = bytes;
             mNext = bytes + decoded;
             mEnd = bytes + available;
+        } else {
+            settle();
         }
     }
 
@@ -120,7 +121,6 @@ private:
         if (lookedAt() >= size) {
             return takeAtHand(size);
         }
-        settle();
         mTransport.readAll(mSmall.data(), size);
         mCount += size;
         return mSmall.data();

@@ -58,7 +58,8 @@ bool recogniseBy(TProtocol& protocol, KnownProtocol& known) {
 
 KnownProtocol recognise(TProtocol& protocol) {
     KnownProtocol known;
-    // Names are compared only for a protocol that another module has made: that takes as long as reading a vector.
+    // Names are compared only where no type object is the same, as for a protocol that another module has made: that
+    // takes as long as reading a vector.
     recogniseBy<isSameObject>(protocol, known) || recogniseBy<isSameName>(protocol, known);
     return known;
 }

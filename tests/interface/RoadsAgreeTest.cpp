@@ -63,6 +63,40 @@ private:
     std::size_t mNext = 0;
 };
 
+/// Shows a few bytes at a time, elsewhere each time that it is asked, also when it then has too few to show.
+class Restless : public TVirtualTransport<Restless> {
+public:
+    explicit Restless(const std::string& bytes) : mBytes(bytes) {}
+    bool isOpen() const override { return true; }
+    std::uint32_t read(std::uint8_t* buffer, std::uint32_t size) {
+        forget();
+        const auto given = static_cast<std::uint32_t>(mBytes.copy(reinterpret_cast<char*>(buffer), size, mNext));
+        mNext += given;
+        return given;
+    }
+    const std::uint8_t* borrow(std::uint8_t*, std::uint32_t* size) {
+        forget();
+        mShown = std::make_unique<std::string>(mBytes, mNext, 24);
+        if (mShown->size() < *size) {
+            return nullptr;
+        }
+        *size = static_cast<std::uint32_t>(mShown->size());
+        return reinterpret_cast<const std::uint8_t*>(mShown->data());
+    }
+    void consume(std::uint32_t size) { mNext += size; }
+
+private:
+    void forget() {
+        if (mShown) {
+            mShown->assign(mShown->size(), '\xee');
+        }
+    }
+
+    std::string mBytes;
+    std::size_t mNext = 0;
+    std::unique_ptr<std::string> mShown;
+};
+
 /// What reading one message led to.
 template <class Record>
 struct Outcome {
@@ -278,6 +312,21 @@ TYPED_TEST(Roads, WriteToAnyTransport) {
         buffered->flush();
         EXPECT_EQ(toHex(below->bytes()), toHex(bytes));
     }
+}
+
+/// A transport may move its bytes when it is asked for more of them than it has.
+TYPED_TEST(Roads, ReadFromATransportThatMovesItsBytes) {
+    AllRecords::forEach([]<class Record>() {
+        RandomRecords random(157);
+        for (int i = 0; i < 20; ++i) {
+            const auto record = random.make<Record>();
+            const std::string bytes = written<TypeParam>(record);
+            TypeParam protocol(std::make_shared<Restless>(bytes));
+            Record read;
+            ASSERT_EQ(read.read(&protocol), bytes.size());
+            ASSERT_TRUE(read == record);
+        }
+    });
 }
 
 /// A transport that takes so many bytes and then fails.

@@ -16,7 +16,7 @@ namespace qel::api::camera {
 /// State. The service keeps nothing between calls. An operation receives complete states, rebuilds the
 /// objects from their `mPrivate`, and writes the new state or the computed value into `_return`, so one
 /// instance may be called from many threads at once. An image that the component did not write is taken on
-/// trust. Arguments may be parts of `_return`: everything is read before anything is written. Storage that
+/// trust. Arguments may be parts of `_return`: nothing is written over before it has been read. Storage that
 /// `_return` already holds is used again.
 ///
 /// Errors. No operation throws. A failed call sets `_return.mResult`: the code CAMERA_API_ERROR_UNKNOWN (-1)
