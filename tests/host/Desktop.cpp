@@ -42,7 +42,7 @@ Process::Process(const std::vector<std::string>& command, const Environment& env
     if (mId > 0) {
         return;
     }
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
     dup2(openForWriting(output), STDOUT_FILENO);
     dup2(openForWriting(errors), STDERR_FILENO);
     for (const std::string& variable : environment) {
@@ -59,7 +59,7 @@ Process::Process(const std::vector<std::string>& command, const Environment& env
 
 Process::~Process() {
     if (isRunning()) {
-        kill(mId, SIGKILL);
+        kill(mId, SIGTERM); // which lets a display put its files away
         wait();
     }
 }
