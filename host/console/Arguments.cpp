@@ -28,8 +28,8 @@ namespace camera = api::camera;
 using api::FieldTable;
 using api::forEachField;
 
-/// The numbers that a record is written as: what they are called, and how they become the record. Nothing is called
-/// nothing: such a record comes as JSON alone.
+/// The numbers that a record is written as: what they are called, and how they become the record. Where the names are
+/// empty, the record comes as JSON alone.
 template <class Record>
 struct Spelling {
     /// The names of the fields where all of them are numbers.
