@@ -10,6 +10,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include "RecordJson.h"
+#include "StateFile.h"
+
 namespace qel::host {
 
 namespace {
@@ -28,6 +31,17 @@ std::string contentOf(std::istream& stream, const std::string& name) {
     return content;
 }
 
+Json parse(const std::string& content, const std::string& name) {
+    if (!beginsAsState(content)) {
+        return parseJson(content);
+    }
+    try {
+        return toJson(stateIn(content, name));
+    } catch (const std::runtime_error& error) {
+        throw InputError(error.what());
+    }
+}
+
 } // namespace
 
 Json Input::read(const std::string& name) {
@@ -40,14 +54,14 @@ Json Input::read(const std::string& name) {
         if (content.empty()) {
             throw InputError("standard input is empty");
         }
-        return parseJson(content);
+        return parse(content, "standard input");
     }
     errno = 0;
     std::ifstream file(name, std::ios::binary);
     if (!file) {
         throw InputError(name + ": " + (errno != 0 ? std::strerror(errno) : "cannot be opened"));
     }
-    return parseJson(contentOf(file, name));
+    return parse(contentOf(file, name), name);
 }
 
 } // namespace qel::host

@@ -15,12 +15,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Where the JSON of a command line comes from: files, and standard input once, which is written as "-".
+/// Where the records of a command line come from: files, and standard input once, which is written as "-". They are
+/// JSON, or a camera that the viewer has saved, which is turned into JSON.
 class Input {
 public:
     explicit Input(std::istream& standardInput) : mStandardInput(standardInput) {}
 
-    /// Throws InputError, or JsonError for what is no JSON.
+    /// Throws InputError, or JsonError for what is neither.
     Json read(const std::string& name);
 
 private:

@@ -91,7 +91,8 @@ constexpr const char* notes = R"(Each ARG is one argument of the operation, in t
   Matrix          16 numbers with commas between them, row by row
   Frustum         left,right,bottom,top,near,far
   Viewport        x,y,width,height,depthMin,depthMax
-  any record      a JSON file, - for standard input, or the JSON itself where it begins with {
+  any record      a JSON file, - for standard input, or the JSON itself where it begins with {; a file
+                  of a camera that camera view has saved serves too
   any state       the same; a result that holds such a state serves as well
 
 The result is printed as JSON. Numbers have the fewest digits that read back to the same bits; those that JSON has no

@@ -51,7 +51,11 @@ Example:
 void addShowCommand(CLI::App& app, Work& work) {
     const auto state = std::make_shared<std::string>();
     CLI::App* command = app.add_subcommand("show", "Tells in words what a camera, view, projection or surface is");
-    command->add_option("STATE", *state, "A state or a result that holds one, as JSON: a file, or - for standard input")
+    command
+        ->add_option(
+            "STATE", *state,
+            "A state or a result that holds one, as JSON, or what camera view saved: a file, or - for standard "
+            "input")
         ->required();
     command->footer(notes);
     command->callback([state, &work] { work = [state] { return show(*state); }; });

@@ -12,6 +12,7 @@
 
 #include "../RunProgram.h"
 #include "RecordJson.h"
+#include "StateFile.h"
 
 namespace qel::host::test {
 namespace {
@@ -46,6 +47,28 @@ TEST(CallProgram, CarriesACameraThroughPipesAsTheServiceItself) {
 
     EXPECT_EQ(piped.output, layOut(toJson(called)) + "\n");
     EXPECT_TRUE(fromJson<camera::PlanarCameraStateResult>(parseJson(piped.output)) == called);
+}
+
+TEST(CallProgram, TakesACameraThatTheViewerHasSaved) {
+    const TemporaryFolder folder;
+    const ComponentLoader component(CAMERA_MODULE);
+    camera::PlanarCameraStateResult saved;
+    component.camera().planarCameraCreateDefault(saved);
+    component.camera().planarCameraYawPitchRoll(saved, saved.mValue, 0.1, 0.2, 0.3);
+    writeState(saved.mValue, folder / "camera.state");
+    component.camera().planarCameraUpdateWindowSize(saved, saved.mValue, 200, 100);
+
+    const Outcome outcome = runInShell(folder, calling("planarCameraUpdateWindowSize camera.state 200 100"));
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_TRUE(fromJson<camera::PlanarCameraStateResult>(parseJson(outcome.output)) == saved);
+    EXPECT_EQ(runInShell(folder, program + " show camera.state").exitCode, 0);
+}
+
+TEST(CallProgram, TellsASavedCameraThatBreaksOff) {
+    const TemporaryFolder folder;
+    expectMisuse(
+        runInShell(folder, "printf '\\014\\000\\001' > camera.state && " + calling("planarCameraYaw camera.state 1")),
+        "camera.state: holds no camera");
 }
 
 TEST(CallProgram, TakesNumbersWithASignForNumbers) {

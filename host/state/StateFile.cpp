@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "StateFile.h"
 
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -36,21 +37,29 @@ void writeState(const api::camera::PlanarCameraState& state, const std::filesyst
     }
 }
 
-api::camera::PlanarCameraState readState(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        throw std::runtime_error(file.string() + ": cannot be read");
-    }
-    std::string bytes{std::istreambuf_iterator<char>(in), {}};
-    TBinaryProtocol protocol(std::make_shared<TMemoryBuffer>(reinterpret_cast<std::uint8_t*>(bytes.data()),
-                                                             static_cast<std::uint32_t>(bytes.size())));
+bool beginsAsState(const std::string& content) noexcept {
+    // The type of a camera's first field, the view.
+    return !content.empty() && content.front() == static_cast<char>(apache::thrift::protocol::T_STRUCT);
+}
+
+api::camera::PlanarCameraState stateIn(std::string content, const std::string& file) {
+    TBinaryProtocol protocol(std::make_shared<TMemoryBuffer>(reinterpret_cast<std::uint8_t*>(content.data()),
+                                                             static_cast<std::uint32_t>(content.size())));
     try {
         api::camera::PlanarCameraState state;
         state.read(&protocol);
         return state;
     } catch (const apache::thrift::TException& error) {
-        throw std::runtime_error(file.string() + ": holds no camera: " + error.what());
+        throw std::runtime_error(file + ": holds no camera: " + error.what());
     }
+}
+
+api::camera::PlanarCameraState readState(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in) {
+        throw std::runtime_error(file.string() + ": cannot be read");
+    }
+    return stateIn({std::istreambuf_iterator<char>(in), {}}, file.string());
 }
 
 } // namespace qel::host
