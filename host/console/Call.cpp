@@ -55,6 +55,14 @@ Call prepare(const camera::Operation<Result, Arguments...>& operation, const std
     return prepare(operation, texts, input, std::index_sequence_for<Arguments...>{});
 }
 
+/// What one may have meant by a name that no operation has.
+std::string adviceFor(const std::string& name) {
+    if (const std::string similar = namesLike(name); !similar.empty()) {
+        return "did you mean " + similar + "?";
+    }
+    return operationsLike(name).empty() ? "camera ops lists them" : "try: camera ops " + name;
+}
+
 } // namespace
 
 Call prepareCall(const std::string& operation, const std::vector<std::string>& arguments, Input& input) {
@@ -65,9 +73,7 @@ Call prepareCall(const std::string& operation, const std::vector<std::string>& a
         }
     });
     if (!call) {
-        const std::string similar = namesLike(operation);
-        throw ArgumentError("there is no operation " + operation +
-                            (similar.empty() ? "; camera ops lists them" : "; did you mean " + similar + "?"));
+        throw ArgumentError("there is no operation " + operation + "; " + adviceFor(operation));
     }
     return call;
 }

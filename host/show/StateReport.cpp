@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "Agreement.h"
+#include "NumberText.h"
 
 namespace qel::host {
 
@@ -28,6 +29,10 @@ std::string StateReport::text() const {
 }
 
 std::string shown(double number) {
+    if (!std::isfinite(number)) {
+        // A NaN's sign and the rest of its bits tell a person nothing.
+        return std::isnan(number) ? "NaN" : numberText(number);
+    }
     constexpr double negligible = 1e-12;
     if (std::abs(number) < negligible) {
         return "0";

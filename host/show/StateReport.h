@@ -31,7 +31,8 @@ private:
     std::vector<std::string> mWarnings;
 };
 
-/// How a person reads numbers: six significant digits, and nothing of what rounding leaves of 0.
+/// How a person reads numbers: six significant digits, and nothing of what rounding leaves of 0; or NaN, Infinity,
+/// -Infinity.
 std::string shown(double number);
 /// In brackets, with commas.
 std::string shown(std::span<const double> numbers);

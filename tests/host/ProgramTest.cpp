@@ -111,11 +111,38 @@ TEST(Program, TellsItsUsage) {
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(outcome.output, HasSubstr("MODEL"));
     EXPECT_THAT(outcome.output, HasSubstr("--module"));
-    EXPECT_EQ(run(folder, {}).exitCode, 2);
     EXPECT_EQ(run(folder, {"tour"}).exitCode, 2);
     const Outcome malformed = run(folder, {"tour", teapot, "--size", "large"});
     EXPECT_EQ(malformed.exitCode, 2);
-    EXPECT_THAT(malformed.errors, HasSubstr("wants WIDTHxHEIGHT in pixels"));
+    EXPECT_THAT(malformed.errors, StartsWith("camera: --size: wants WIDTHxHEIGHT in pixels"));
+}
+
+TEST(Program, WantsACommand) {
+    const TemporaryFolder folder;
+    const Outcome outcome = run(folder, {});
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.errors, StartsWith("camera: A subcommand is required\n"));
+}
+
+TEST(Program, NamesACommandThatThereIsNotAndListsThoseThereAre) {
+    const TemporaryFolder folder;
+    const Outcome outcome = run(folder, {"shw", "camera.json", "--verbose"});
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "camera: there is no command shw; the commands are call, ops, show, tour, view\n");
+    EXPECT_EQ(run(folder, {"--colour"}).errors,
+              "camera: there is no option --colour; the commands are call, ops, show, tour, view\n");
+}
+
+TEST(Program, TellsWhatACommandDoesNotTake) {
+    const TemporaryFolder folder;
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"ops", "--colour"}, {"show", "--colour", "camera.json"}}) {
+        const Outcome outcome = run(folder, arguments);
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_THAT(outcome.errors, StartsWith("camera: The following argument was not expected: --colour\n"));
+    }
 }
 
 TEST(Program, TellsItsVersion) {

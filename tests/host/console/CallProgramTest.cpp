@@ -25,10 +25,11 @@ const std::string program = quotedForShell(CAMERA_PROGRAM);
 
 std::string calling(const std::string& operationAndArguments) { return program + " call " + operationAndArguments; }
 
-/// A run of misuse: told in one line that names the program, and nothing on standard output.
+/// A run of misuse: told after the name of the program, and nothing on standard output.
 void expectMisuse(const Outcome& outcome, const std::string& part) {
     EXPECT_EQ(outcome.exitCode, 2);
     EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.errors, StartsWith("camera: "));
     EXPECT_THAT(outcome.errors, HasSubstr(part));
 }
 

@@ -138,6 +138,7 @@ TEST(Call, FailsForAnImageThatIsTooShort) {
 
 TEST(Misuse, IsAnOperationThatThereIsNot) {
     EXPECT_EQ(misuse("viewSetEyes", {}), "there is no operation viewSetEyes; did you mean viewSetEye?");
+    EXPECT_EQ(misuse("yaw", {}), "there is no operation yaw; try: camera ops yaw"); // which viewYaw contains
     EXPECT_EQ(misuse("fly", {}), "there is no operation fly; camera ops lists them");
 }
 

@@ -48,7 +48,7 @@ TEST(ShowProgram, TellsWhatItCannotShow) {
     EXPECT_EQ(run(folder, {"show", "-"}).errors, "camera: standard input is empty\n");
     outcome = run(folder, {"show"});
     EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_THAT(outcome.errors, HasSubstr("STATE is required"));
+    EXPECT_THAT(outcome.errors, StartsWith("camera: STATE is required\n"));
 }
 
 } // namespace

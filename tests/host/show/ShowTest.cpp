@@ -127,6 +127,16 @@ TEST(Show, TellsOfASurface) {
               "  kind words      viewport matrix general (64), its inverse general (64)\n");
 }
 
+TEST(Show, TellsOfNumbersThatAreNotFiniteWhateverTheirSign) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(shown(nan), "NaN");
+    EXPECT_EQ(shown(std::copysign(nan, -1.0)), "NaN");
+    EXPECT_EQ(shown(std::vector{infinity, -infinity, -1e300}), "(Infinity, -Infinity, -1e+300)");
+    const auto view = made(&Api::viewSetEye, made(&Api::viewCreateDefault), vector(std::copysign(nan, -1.0), nan, 0));
+    EXPECT_THAT(report(view).text(), HasSubstr("  eye             (NaN, NaN, 0)\n"));
+}
+
 TEST(Show, TellsOfThePartsOfACamera) {
     auto state = made(&Api::planarCameraCreateDefault);
     state = made(&Api::planarCameraUpdateWindowSize, state, 1280, 720);
