@@ -47,7 +47,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/interface/base.thrift ${PROJECT_SOURCE_DIR}/
 
 # The pages and the examples that they show, as they stand in the tree.
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CAMERA_INSTALL_DOCDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CAMERA_INSTALL_DOCDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CAMERA_INSTALL_DOCDIR}
+  PATTERN examples/CMakeLists.txt EXCLUDE) # it is part of this tree
 # Their links to headers lead to the installed ones.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_INCLUDEDIR
   BASE_DIRECTORY ${CMAKE_INSTALL_FULL_DATAROOTDIR}/doc/camera-component OUTPUT_VARIABLE _camera_headers_from_pages)

@@ -11,8 +11,8 @@
 #include <qel/api/camera/CameraAPIIf.h>
 #include <qel/host/ComponentLoader.h>
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     qel::api::camera::PlanarCameraStateResult created;
     component.camera().planarCameraCreateDefault(created);
     const qel::api::camera::PlanarCameraState& state = created.mValue;

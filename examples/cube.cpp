@@ -62,8 +62,8 @@ void takeHold() {
     glReadPixels(cursorX, cursorY, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
 }
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     service = &component.camera();
     glfwSetErrorCallback([](int, const char* text) { std::cerr << text << '\n', std::exit(1); });
     glfwInit();

@@ -114,8 +114,8 @@ void use(CameraAPIIf& service) {
     expect(near(vk.x, gl.x) && near(vk.y, -gl.y) && near(vk.depth, depth), "Vulkan has y the other way round");
 }
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     use(component.camera());
     return EXIT_SUCCESS;
 } catch (const std::exception& error) {

@@ -81,8 +81,8 @@ void use(CameraAPIIf& service) {
     expect(kept.state.mPrivate == good.mPrivate, "a failed call leaves the camera alone");
 }
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     use(component.camera());
     return EXIT_SUCCESS;
 } catch (const std::exception& error) {

@@ -105,9 +105,9 @@ void use(CameraAPIIf& service, const std::filesystem::path& file) {
     std::filesystem::remove(file);
 }
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
-    use(component.camera(), arguments[2]);
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
+    use(component.camera(), count > 2 ? arguments[2] : "camera.saved");
     return EXIT_SUCCESS;
 } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';

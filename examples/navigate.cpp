@@ -90,6 +90,16 @@ Vector pivotOf(CameraAPIIf& service, const PlanarCameraState& camera, const Pick
 }
 // [/arcball]
 
+// [turntable]
+/// The scene follows the mouse, which went dx pixels to the right and dy upwards; `up` stays upright.
+void turnUpright(CameraAPIIf& service, PlanarCameraStateResult& camera, const Vector& pivot, const Vector& up,
+                 std::int32_t dx, std::int32_t dy) {
+    constexpr double radiansPerPixel = 0.01;
+    service.planarCameraRotateAboutWorldAxis(camera, camera.mValue, pivot, up, -radiansPerPixel * dx,
+                                             radiansPerPixel * dy);
+}
+// [/turntable]
+
 // [rectangle]
 /// Fills the window with the rectangle between two pixels, as it lies at the depth picked in its middle.
 void zoomInto(CameraAPIIf& service, PlanarCameraStateResult& camera, std::int32_t x1, std::int32_t y1, std::int32_t x2,
@@ -165,6 +175,16 @@ void use(CameraAPIIf& service) {
     expect(pixelOf(grip)[0] == 900 && pixelOf(grip)[1] == 300, "the pivot keeps its pixel");
 
     camera.mValue = atMouseDown;
+    Vector up;
+    up.mData = {0, 1, 0};
+    Vector front; // nearer than the pivot
+    front.mData = {0, 0, 1};
+    const auto before = pixelOf(front);
+    turnUpright(service, camera, middle, up, 20, 10);
+    expect(pixelOf(front)[0] > before[0] && pixelOf(front)[1] > before[1], "the near side follows the mouse");
+    expect(std::abs(camera.mValue.mViewState.mViewMatrix.mData[0][1]) < 1e-9, "up stays upright");
+
+    camera.mValue = atMouseDown;
     const double depth = pixelOf(middle)[2];
     const Vector corner = pivotOf(service, camera.mValue, {750, 500, depth});
     zoomInto(service, camera, 450, 300, 750, 500, depth);
@@ -178,8 +198,8 @@ void use(CameraAPIIf& service) {
     expect(camera.mResult.mError == 0, "nothing failed");
 }
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     use(component.camera());
     return EXIT_SUCCESS;
 } catch (const std::exception& error) {

@@ -6,8 +6,8 @@
 
 using namespace qel::api::camera;
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     CameraAPIIf& service = component.camera();
 
     PlanarCameraStateResult camera; // the host keeps the state, the service only transforms it

@@ -32,8 +32,8 @@ std::vector<VectorResult> pixelsOf(CameraAPIIf& service, const PlanarCameraState
 }
 // [/threads]
 
-int main(int, char** arguments) try {
-    const qel::host::ComponentLoader component(arguments[1]); // the path of CameraLibrary.so
+int main(int count, char** arguments) try {
+    const qel::host::ComponentLoader component(count > 1 ? arguments[1] : "CameraLibrary.so"); // the module's file
     PlanarCameraStateResult camera;
     component.camera().planarCameraCreateDefault(camera);
     std::vector<Vector> points(1000);

@@ -28,7 +28,7 @@ expected=(
 mapfile -t -O "${#expected[@]}" expected < <(
     cd "$source/interface" && find qel -name '*.h' -printf 'include/%p\n'
     cd "$source/host/include" && find qel -name '*.h' -printf 'include/%p\n'
-    cd "$source" && find docs examples -type f -printf 'share/doc/camera-component/%p\n'
+    cd "$source" && find docs examples -type f ! -path examples/CMakeLists.txt -printf 'share/doc/camera-component/%p\n'
 )
 program=(
     bin/camera

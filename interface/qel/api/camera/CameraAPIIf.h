@@ -26,8 +26,8 @@ namespace qel::api::camera {
 /// 4, or when memory runs out; what is longer is read from its beginning. Where there is no memory even for
 /// the message, the code alone is set and the message is cleared, its set-flag down. The value is a valid
 /// record even so, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
-/// result record that is used again keeps an older error until the host resets it; the three projection
-/// getters and the three identity operations alone set it to success.
+/// result record that is used again keeps an older error until the host resets it; projectionGetHFoV,
+/// projectionGetVFoV, projectionGetAspectRatio and the identity operations of BaseAPIIf alone set it to success.
 ///
 /// Degenerate numbers are no errors. "Unchanged when ..." below means that the call succeeds and returns the
 /// state as it came. Each condition is meant as written: a comparison with NaN is false, so a NaN passes a
