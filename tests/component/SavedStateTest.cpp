@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "support/LoadedModule.h"
 #include "support/SavedStates.h"
@@ -38,11 +39,15 @@ private:
     std::filesystem::path mPath;
 };
 
-/// Runs a program to its end and gives its exit code.
-int run(std::string program, std::string first, std::string second) {
-    char* const arguments[] = {program.data(), first.data(), second.data(), nullptr};
+/// Runs a command, its program looked for where a shell would, to its end and gives its exit code.
+int run(std::vector<std::string> command) {
+    std::vector<char*> arguments;
+    for (std::string& argument : command) {
+        arguments.push_back(argument.data());
+    }
+    arguments.push_back(nullptr);
     pid_t child = 0;
-    if (posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
+    if (posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0) {
         return -1;
     }
     int status = 0;
@@ -78,7 +83,7 @@ TEST(SavedState, RestoredInAnotherProcessGivesTheSameBitForBit) {
     const TemporaryFolder folder;
     save(imagesOf(samples), folder.file("states"));
 
-    ASSERT_EQ(run(CAMERA_SAVED_STATES_PROGRAM, folder.file("states"), folder.file("results")), 0);
+    ASSERT_EQ(run({CAMERA_USE_SAVED_STATES, folder.file("states"), folder.file("results")}), 0);
 
     const std::string results = load(folder.file("results"));
     EXPECT_GT(results.size(), 79U * 8U);
