@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -100,12 +101,20 @@ TYPED_TEST(EveryRecord, StartsEmptyWithNoFlagRaised) {
     });
 }
 
-/// The flags as bits, the first field's lowest. The bits behind the last field's are nobody's.
+/// The flags as bits, the first field's lowest: bit-fields start at that end, but at the other on big-endian machines.
+/// The bits behind the last field's are nobody's.
 template <class Record>
 unsigned flagBits(const Record& record) {
     unsigned char byte = 0;
     static_assert(sizeof(byte) == sizeof(record.__isset));
     std::memcpy(&byte, &record.__isset, sizeof(byte));
+    if constexpr (std::endian::native == std::endian::big) {
+        unsigned char reversed = 0;
+        for (int i = 0; i < 8; ++i) {
+            reversed = static_cast<unsigned char>((reversed << 1) | ((byte >> i) & 1));
+        }
+        byte = reversed;
+    }
     constexpr auto fields = std::tuple_size_v<std::remove_const_t<decltype(FieldTable<Record>::fields)>>;
     return byte & ((1U << fields) - 1);
 }
