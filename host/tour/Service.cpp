@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Service.h"
 
+#include <array>
 #include <charconv>
 
 namespace qel::host {
-
-api::camera::Vector toVector(const Vec3& v) {
-    api::camera::Vector vector;
-    vector.__set_mData({v[0], v[1], v[2]});
-    return vector;
-}
 
 Vec3 toVec3(const api::camera::Vector& vector) {
     if (vector.mData.size() != 3) {
