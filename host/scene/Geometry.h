@@ -21,6 +21,7 @@ struct Vec2 {
 struct Pixel {
     std::int32_t x = 0;
     std::int32_t y = 0;
+    friend bool operator==(const Pixel&, const Pixel&) = default;
 };
 
 inline Vec3 operator+(const Vec3& a, const Vec3& b) { return {a[0] + b[0], a[1] + b[1], a[2] + b[2]}; }

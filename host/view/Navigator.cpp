@@ -2,43 +2,22 @@
 #include "Navigator.h"
 
 #include <cmath>
-#include <stdexcept>
 #include <utility>
+
+#include "ServiceCall.h"
+#include "Zoom.h"
 
 namespace qel::host {
 
-using Api = api::camera::CameraAPIIf;
-using api::camera::Vector;
-
-namespace {
-
-Vector toVector(const Vec3& v) {
-    Vector vector;
-    vector.mData = {v[0], v[1], v[2]};
-    return vector;
-}
-
-/// What an operation gives. Each call has a result of its own, since success leaves an older outcome in it as it was.
-template <class Result, class... Parameters, class... Arguments>
-auto call(Api& service, void (Api::*operation)(Result&, Parameters...), const Arguments&... arguments) {
-    Result result;
-    (service.*operation)(result, arguments...);
-    if (result.mResult.mError != api::camera::CameraAPIError::CAMERA_API_SUCCESS) {
-        throw std::runtime_error(result.mResult.mMessage);
-    }
-    return std::move(result.mValue);
-}
-
-} // namespace
-
-Navigator::Navigator(Api& service, const Box& model, std::int32_t width, std::int32_t height, DepthAt depthAt)
+Navigator::Navigator(api::camera::CameraAPIIf& service, const Box& model, std::int32_t width, std::int32_t height,
+                     DepthAt depthAt)
     : mService(service),
       mModel(model),
       mCentre(toVector(model.centre())),
       mWidth(width),
       mHeight(height),
       mDepthAt(std::move(depthAt)),
-      mCamera(sized(call(service, &Api::planarCameraCreateDefault))),
+      mCamera(sized(call<"planarCameraCreateDefault">(service))),
       mHistory{mCamera} {
     look({-1, -1, -1}, {0, 1, 0});
     fit();
@@ -55,11 +34,11 @@ void Navigator::beginDrag(Drag drag, Pixel at) {
 void Navigator::drag(Pixel to) {
     const State& start = mHistory[mCurrent];
     if (mDrag == Drag::rotate) {
-        mCamera = clipped(
-            call(mService, &Api::planarCameraArcballRotation, start, mPicked.point, mFrom.x, mFrom.y, to.x, to.y));
+        mCamera =
+            clipped(call<"planarCameraArcballRotation">(mService, start, mPicked.point, mFrom.x, mFrom.y, to.x, to.y));
     } else if (mDrag == Drag::pan) {
-        mCamera = clipped(call(mService, &Api::planarCameraPanWithAnchor, start, mFrom.x, mFrom.y, mPicked.depth,
-                               to.x - mFrom.x, to.y - mFrom.y));
+        mCamera = clipped(call<"planarCameraPanWithAnchor">(mService, start, mFrom.x, mFrom.y, mPicked.depth,
+                                                            to.x - mFrom.x, to.y - mFrom.y));
     }
 }
 
@@ -67,61 +46,72 @@ void Navigator::endDrag(Pixel to) {
     if (mDrag == Drag::area) {
         // What is in the middle of the rectangle goes to the middle of the window, whatever its corners lie on.
         const double depth = pick({(mFrom.x + to.x) / 2, (mFrom.y + to.y) / 2}).depth;
-        mCamera = call(mService, &Api::planarCameraZoomArea, mCamera, mFrom.x, mFrom.y, depth, to.x, to.y, depth);
+        mCamera = zoomIntoArea(mService, mCamera, mFrom, to, depth);
     }
     keep(mCamera);
 }
 
 void Navigator::zoom(Pixel at, double turns) {
-    keep(call(mService, &Api::planarCameraZoomWithAnchor_Screen, mCamera, at.x, at.y, pick(at).depth,
-              std::pow(0.9, turns)));
+    const State zoomed = zoomAbout(mService, mCamera, at, pick(at).depth, std::pow(0.9, turns));
+    mCurrent = mZoomedAt == at && !mDrag ? mBeforeZoom : mCurrent;
+    mBeforeZoom = mCurrent;
+    keep(zoomed);
+    mZoomedAt = at;
 }
 
 void Navigator::fit() {
     const auto& [a, b] = mModel;
-    keep(call(mService, &Api::planarCameraFitWorldSpaceBoundingBox, mCamera, a[0], a[1], a[2], b[0], b[1], b[2]));
+    keep(call<"planarCameraFitWorldSpaceBoundingBox">(mService, mCamera, a[0], a[1], a[2], b[0], b[1], b[2]));
 }
 
 void Navigator::look(const Vec3& axis, const Vec3& up) {
-    keep(call(mService, &Api::planarCameraSetViewAlongWorldAxis, mCamera, mCentre, toVector(axis), toVector(up)));
+    keep(call<"planarCameraSetViewAlongWorldAxis">(mService, mCamera, mCentre, toVector(axis), toVector(up)));
 }
 
 void Navigator::switchProjection() {
     const auto& [a, b] = mModel;
-    keep(call(mService, &Api::planarCameraSwitchProjectionType, mCamera, a[0], a[1], a[2], b[0], b[1], b[2]));
+    keep(call<"planarCameraSwitchProjectionType">(mService, mCamera, a[0], a[1], a[2], b[0], b[1], b[2]));
 }
 
 void Navigator::resize(std::int32_t width, std::int32_t height) {
+    keepDrag();
     mWidth = width;
     mHeight = height;
     goTo(mCurrent);
+}
+
+/// A drag under way is what is undone then, and nothing before it.
+void Navigator::undo() {
+    const std::size_t before = mDrag ? mCurrent : mCurrent - 1;
+    keepDrag();
+    goTo(before);
 }
 
 /// What is seen at a pixel. Where nothing is: the model's centre and its depth, so that the space around a model moves
 /// along with it; and where that is behind the eye, a depth between the clipping planes.
 Navigator::Picked Navigator::pick(Pixel at) const {
     if (const double depth = mDepthAt(mCamera, at); depth < 1.0) {
-        return {depth, call(mService, &Api::transformScreenPointToWorldPoint, mCamera, at.x, at.y, depth)};
+        return {depth, call<"transformScreenPointToWorldPoint">(mService, mCamera, at.x, at.y, depth)};
     }
-    const double depth = call(mService, &Api::transformWorldPointToScreenPoint, mCamera, mCentre).mData[2];
+    const double depth = call<"transformWorldPointToScreenPoint">(mService, mCamera, mCentre).mData[2];
     return {depth > 0.0 && depth < 1.0 ? depth : 0.5, mCentre};
 }
 
 /// The state with its clipping planes close around the model, for depths as precise as they can be; to an eye inside it
 /// the near plane keeps a distance, for the same reason.
 Navigator::State Navigator::clipped(const State& state) const {
-    return call(mService, &Api::planarCameraUpdateClippingPlanes, state, mCentre, mModel.radius(),
-                mModel.radius() * 0.01);
+    return call<"planarCameraUpdateClippingPlanes">(mService, state, mCentre, mModel.radius(), mModel.radius() * 0.01);
 }
 
 Navigator::State Navigator::sized(const State& state) const {
-    return call(mService, &Api::planarCameraUpdateWindowSize, state, mWidth, mHeight);
+    return call<"planarCameraUpdateWindowSize">(mService, state, mWidth, mHeight);
 }
 
 /// Makes the state the camera, and the newest of the history in place of what was undone.
 void Navigator::keep(const State& state) {
     mCamera = clipped(state);
     mDrag.reset();
+    mZoomedAt.reset();
     if (!(mCamera == mHistory[mCurrent])) {
         mHistory.resize(++mCurrent);
         mHistory.push_back(mCamera);
@@ -135,6 +125,7 @@ void Navigator::goTo(std::size_t index) {
         mCamera = mHistory[index];
         mCurrent = index;
         mDrag.reset();
+        mZoomedAt.reset();
     }
 }
 

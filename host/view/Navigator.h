@@ -41,7 +41,9 @@ public:
     void beginDrag(Drag drag, Pixel at);
     void drag(Pixel to);
     void endDrag(Pixel to);
-    void zoom(Pixel at, double turns); ///< about what is seen there; turns above 0 magnify
+    /// About what is seen there; turns above 0 magnify, those below 0 widen a perspective to 120 degrees at most. Turns
+    /// one after the other at a pixel are one step of the history.
+    void zoom(Pixel at, double turns);
     void fit();
     void look(const Vec3& axis, const Vec3& up); ///< along the axis, at the model's centre
     void switchProjection();
@@ -50,8 +52,8 @@ public:
     void resize(std::int32_t width, std::int32_t height);
     /// Takes a state from elsewhere, made for a window of any size.
     void restore(const State& state) { keep(sized(state)); }
-    void undo() { goTo(mCurrent - 1); }
-    void redo() { goTo(mCurrent + 1); }
+    void undo();
+    void redo() { mDrag ? keep(mCamera) : goTo(mCurrent + 1); }
 
 private:
     struct Picked {
@@ -62,6 +64,7 @@ private:
     [[nodiscard]] State clipped(const State& state) const;
     [[nodiscard]] State sized(const State& state) const;
     void keep(const State& state);
+    void keepDrag() { mDrag ? keep(mCamera) : void(); }
     void goTo(std::size_t index);
 
     api::camera::CameraAPIIf& mService;
@@ -72,7 +75,9 @@ private:
     DepthAt mDepthAt;
     State mCamera;
     std::vector<State> mHistory;
-    std::size_t mCurrent = 0; ///< where in the history a drag begins
+    std::size_t mCurrent = 0;       ///< where in the history a drag begins
+    std::optional<Pixel> mZoomedAt; ///< where nothing else was kept since
+    std::size_t mBeforeZoom = 0;    ///< where in the history that began
 
     std::optional<Drag> mDrag;
     Pixel mFrom;

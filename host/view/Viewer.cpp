@@ -70,6 +70,7 @@ struct Key {
     char key;
     const char* use;
     void (*act)(Viewer&);
+    const char* done = nullptr; ///< with the file, where there is something to be told
 };
 
 /// Along an axis, with y up; or, where that is the axis, as if one had bent forwards or backwards from the front.
@@ -90,8 +91,8 @@ constexpr Key keys[] = {
     {'f', "fit the model into the window", [](Viewer& viewer) { viewer.navigator.fit(); }},
     {'u', "undo", [](Viewer& viewer) { viewer.navigator.undo(); }},
     {'r', "redo", [](Viewer& viewer) { viewer.navigator.redo(); }},
-    {'s', "save", [](Viewer& viewer) { writeState(viewer.navigator.camera(), viewer.stateFile); }},
-    {'l', "load", [](Viewer& viewer) { viewer.navigator.restore(readState(viewer.stateFile)); }},
+    {'s', "save", [](Viewer& viewer) { writeState(viewer.navigator.camera(), viewer.stateFile); }, "saved"},
+    {'l', "load", [](Viewer& viewer) { viewer.navigator.restore(readState(viewer.stateFile)); }, "loaded"},
     {'h', "list the keys", [](Viewer&) { std::puts(viewControls().c_str()); }},
     {'?', "the same", [](Viewer&) { std::puts(viewControls().c_str()); }},
     {'q', "quit", [](Viewer& viewer) { glfwSetWindowShouldClose(viewer.context.window(), GLFW_TRUE); }},
@@ -101,6 +102,10 @@ void Viewer::onCharacter(unsigned int character) {
     for (const Key& key : keys) {
         if (character == static_cast<unsigned int>(key.key)) {
             key.act(*this);
+            if (key.done != nullptr) {
+                std::printf("%s %s\n", key.done, stateFile.c_str());
+                std::fflush(stdout);
+            }
             stale = true;
         }
     }
@@ -122,7 +127,7 @@ std::string viewControls() {
     std::string text = "left drag           turn about the point under the cursor\n"
                        "other drag          move the point under the cursor\n"
                        "shift + left drag   draw a rectangle that fills the window then\n"
-                       "wheel               zoom about the point under the cursor\n";
+                       "wheel               zoom about the point under the cursor, out to 120 degrees (perspective)\n";
     for (const Key& key : keys) {
         text += key.key + std::string(19, ' ') + key.use + "\n";
     }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <optional>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <qel/host/ComponentLoader.h>
@@ -44,6 +46,32 @@ protected:
         const double ahead = offset[0] * direction[0] + offset[1] * direction[1] + offset[2] * direction[2];
         EXPECT_GT(ahead, navigator.camera().mProjectionState.mFrustum.mNearDist);
         EXPECT_LT(ahead, navigator.camera().mProjectionState.mFrustum.mFarDist);
+    }
+
+    /// The larger of both fields of view, in degrees.
+    [[nodiscard]] double fieldOfView() const {
+        const auto& frustum = navigator.camera().mProjectionState.mFrustum;
+        const double near = frustum.mNearDist;
+        const double across = std::atan(frustum.mRight / near) - std::atan(frustum.mLeft / near);
+        const double upwards = std::atan(frustum.mTop / near) - std::atan(frustum.mBottom / near);
+        return std::max(across, upwards) * 180.0 / std::numbers::pi;
+    }
+    /// Draws the rectangle, which is wider than the window's shape, and expects it from the left to the right edge, its
+    /// middle in the window's.
+    static void expectAreaFills(Navigator& viewer, double depth, Pixel from, Pixel to) {
+        const auto before = viewer.camera();
+        const double left = std::min(from.x, to.x);
+        const double right = std::max(from.x, to.x);
+        const double height = (from.y + to.y) / 2.0;
+        viewer.beginDrag(Drag::area, from);
+        viewer.endDrag(to);
+        const auto seen = [&](double x) {
+            return Sight(viewer.camera()).pixelOf(Sight(before).pointAtDepth({x, height}, depth));
+        };
+        EXPECT_NEAR(seen(left).x, 0.0, 1.0);
+        EXPECT_NEAR(seen(right).x, 800.0, 1.0);
+        EXPECT_NEAR(seen((left + right) / 2.0).x, 400.0, 1.0);
+        EXPECT_NEAR(seen((left + right) / 2.0).y, 300.0, 1.0);
     }
 
     double depth = 0.4; // what the depth buffer holds everywhere
@@ -143,6 +171,73 @@ TEST_F(NavigatorTest, ZoomKeepsThePointUnderTheCursorThere) {
     EXPECT_NEAR(smaller, extent * 0.9 * 0.9 * 0.9, 1e-12);
 }
 
+TEST_F(NavigatorTest, ZoomingOutStopsAtAViewOf120Degrees) {
+    const Vec3 point = sight().pointAtDepth(place(somewhere), depth);
+    for (int i = 0; i < 60; ++i) {
+        navigator.zoom(somewhere, -1.0);
+    }
+    EXPECT_NEAR(fieldOfView(), 120.0, 1e-9);
+    expectSeenAt(point, somewhere);
+    const auto widest = navigator.camera();
+    navigator.zoom(elsewhere, -1.0);
+    EXPECT_TRUE(navigator.camera() == widest);
+}
+
+TEST_F(NavigatorTest, ZoomingOutAtOnceStopsAtAViewOf120DegreesToo) {
+    navigator.resize(600, 800); // the larger one is the vertical field of view now
+    navigator.zoom(somewhere, -1000.0);
+    EXPECT_NEAR(fieldOfView(), 120.0, 1e-9);
+    navigator.zoom(somewhere, 1.0);
+    EXPECT_LT(fieldOfView(), 119.0);
+}
+
+TEST_F(NavigatorTest, AViewWiderThan120DegreesZoomsInAlone) {
+    navigator.zoom(somewhere, -1000.0);
+    navigator.resize(1600, 600);
+    const double wide = fieldOfView();
+    EXPECT_GT(wide, 121.0);
+    navigator.zoom(somewhere, -1.0);
+    EXPECT_NEAR(fieldOfView(), wide, 1e-9);
+    navigator.zoom(somewhere, 1.0);
+    EXPECT_LT(fieldOfView(), wide - 1.0);
+}
+
+TEST_F(NavigatorTest, AnOrthographicProjectionZoomsOutWithoutEnd) {
+    navigator.switchProjection();
+    const double extent = sight().extentOfPixel().x;
+    navigator.zoom(somewhere, -100.0);
+    EXPECT_NEAR(sight().extentOfPixel().x / (extent * std::pow(0.9, -100.0)), 1.0, 1e-9);
+}
+
+TEST_F(NavigatorTest, ZoomingOnAtAPixelIsOneStepOfTheHistory) {
+    const auto first = navigator.camera();
+    navigator.zoom(somewhere, 1.0);
+    navigator.zoom(somewhere, 1.0);
+    navigator.zoom(somewhere, -3.0);
+    const auto second = navigator.camera();
+    navigator.zoom(elsewhere, 1.0);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == second);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == second);
+}
+
+TEST_F(NavigatorTest, ZoomingAfterSomethingElseIsAStepOfItsOwn) {
+    navigator.zoom(somewhere, 1.0);
+    navigator.look({0, 0, -1}, {0, 1, 0});
+    const auto looked = navigator.camera();
+    navigator.zoom(somewhere, 1.0);
+    const auto zoomed = navigator.camera();
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == looked);
+    navigator.redo();
+    navigator.zoom(somewhere, 1.0);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == zoomed);
+}
+
 TEST_F(NavigatorTest, AreaFillsTheWindow) {
     // 200 by 150 pixels are of the window's shape.
     const Vec3 lowerLeft = sight().pointAtDepth({300, 200}, depth);
@@ -167,6 +262,22 @@ TEST_F(NavigatorTest, AreaOfTheBackgroundCentresTheSpaceAboutTheModel) {
     const Vec3 middle = sight().pointAhead({600, 500}, ahead);
     drag(Drag::area, {500, 450}, {700, 550});
     expectSeenAt(middle, {400, 300});
+}
+
+TEST_F(NavigatorTest, AreaFillsTheWindowInAStronglyZoomedCamera) {
+    navigator.zoom(somewhere, 80.0); // 4600 times as large
+    ASSERT_LT(sight().extentOfPixel().x * 81, 0.001);
+    expectAreaFills(navigator, depth, {300, 200}, {381, 251});
+    expectAreaFills(navigator, depth, {381, 251}, {300, 200});
+    navigator.switchProjection();
+    ASSERT_LT(sight().extentOfPixel().x * 81, 0.001);
+    expectAreaFills(navigator, depth, {300, 251}, {381, 200});
+}
+
+TEST_F(NavigatorTest, AreaFillsTheWindowBeforeATinyModel) {
+    const Box tiny{{-2e-3, -1e-3, 0}, {4e-3, 3e-3, 2e-3}};
+    Navigator viewer(component.camera(), tiny, 800, 600, [this](const auto&, Pixel) { return depth; });
+    expectAreaFills(viewer, depth, {200, 400}, {301, 351});
 }
 
 TEST_F(NavigatorTest, AnAreaOfOnePixelChangesNothing) {
@@ -259,6 +370,59 @@ TEST_F(NavigatorTest, WhateverElseIsDoneEndsADragWhereItIs) {
     EXPECT_TRUE(navigator.camera() == first);
 }
 
+TEST_F(NavigatorTest, UndoDuringADragTakesBackThatDragAlone) {
+    drag(Drag::rotate, somewhere, elsewhere);
+    const auto before = navigator.camera();
+    navigator.beginDrag(Drag::pan, somewhere);
+    navigator.drag(elsewhere);
+    const auto dragged = navigator.camera();
+    navigator.undo();
+    EXPECT_EQ(navigator.dragged(), std::nullopt);
+    EXPECT_TRUE(navigator.camera() == before);
+    navigator.drag(somewhere);
+    navigator.endDrag(somewhere);
+    EXPECT_TRUE(navigator.camera() == before);
+    navigator.redo();
+    EXPECT_TRUE(navigator.camera() == dragged);
+}
+
+TEST_F(NavigatorTest, UndoDuringADragThatChangedNothingEndsIt) {
+    drag(Drag::rotate, somewhere, elsewhere);
+    const auto before = navigator.camera();
+    for (const Drag kind : {Drag::area, Drag::pan}) {
+        navigator.beginDrag(kind, somewhere);
+        navigator.undo();
+        EXPECT_EQ(navigator.dragged(), std::nullopt);
+        EXPECT_TRUE(navigator.camera() == before);
+    }
+}
+
+TEST_F(NavigatorTest, RedoDuringADragKeepsWhatWasDragged) {
+    const auto first = navigator.camera();
+    navigator.zoom(somewhere, 1.0);
+    navigator.undo();
+    navigator.beginDrag(Drag::pan, somewhere);
+    navigator.drag(elsewhere);
+    const auto dragged = navigator.camera();
+    navigator.redo();
+    EXPECT_EQ(navigator.dragged(), std::nullopt);
+    EXPECT_TRUE(navigator.camera() == dragged);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == first);
+}
+
+TEST_F(NavigatorTest, ResizingDuringADragKeepsWhatWasDragged) {
+    const auto first = navigator.camera();
+    navigator.beginDrag(Drag::rotate, somewhere);
+    navigator.drag(elsewhere);
+    const Vec3 direction = sight().direction();
+    navigator.resize(1000, 450);
+    EXPECT_EQ(navigator.dragged(), std::nullopt);
+    EXPECT_NEAR(length(sight().direction() - direction), 0.0, 1e-12);
+    navigator.undo();
+    EXPECT_NEAR(length(sight().direction() - Sight(first).direction()), 0.0, 1e-12);
+}
+
 TEST_F(NavigatorTest, UndoAndRedoGiveTheSameBits) {
     const auto first = navigator.camera();
     drag(Drag::rotate, somewhere, elsewhere);
@@ -324,31 +488,6 @@ TEST_F(NavigatorTest, RefusesAStateThatIsNoneAndStaysAsItWas) {
     const auto before = navigator.camera();
     EXPECT_THROW(navigator.restore({}), std::runtime_error);
     EXPECT_TRUE(navigator.camera() == before);
-}
-
-TEST(StateFile, NamesAFileThatIsMissing) {
-    const TemporaryFolder folder;
-    try {
-        readState(folder / "none");
-        FAIL();
-    } catch (const std::runtime_error& error) {
-        EXPECT_THAT(error.what(), ::testing::HasSubstr("none: cannot be read"));
-    }
-}
-
-TEST(StateFile, TellsAFileThatBreaksOff) {
-    const TemporaryFolder folder;
-    writeState({}, folder / "whole");
-    const auto file = folder.write("half", readText(folder / "whole").substr(0, 20));
-    EXPECT_THROW(readState(file), std::runtime_error);
-}
-
-TEST(StateFile, LeavesTheOlderFileWhereItCannotWrite) {
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "state.part");
-    const auto file = folder.write("state", "older");
-    EXPECT_THROW(writeState({}, file), std::runtime_error);
-    EXPECT_EQ(readText(file), "older");
 }
 
 } // namespace

@@ -20,6 +20,7 @@ namespace qel::host::test {
 namespace {
 
 using api::camera::PlanarCameraState;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 constexpr unsigned int left = 1;
@@ -167,6 +168,26 @@ TEST_F(ViewerWindow, UndoAndRedoGiveTheSameBytes) {
     EXPECT_EQ(save() == zoomed, true);
 }
 
+TEST_F(ViewerWindow, UndoDuringADragTakesBackThatDragAlone) {
+    desktop.drag(left, x, y, x - 90, y + 30);
+    const std::string turned = save();
+    desktop.press(middle);
+    desktop.move(x, y);
+    desktop.type('u');
+    desktop.move(x + 40, y);
+    desktop.release(middle);
+    EXPECT_TRUE(save() == turned);
+}
+
+TEST_F(ViewerWindow, AnotherTurnOfTheWheelAtThePlaceIsNoStepOfItsOwn) {
+    desktop.move(x, y);
+    const std::string before = save();
+    desktop.turnWheel(4);
+    EXPECT_FALSE(save() == before);
+    desktop.type('u');
+    EXPECT_TRUE(save() == before);
+}
+
 TEST_F(ViewerWindow, KeysLookAlongTheAxes) {
     const double third = 1.0 / std::sqrt(3.0);
     const std::vector<std::pair<char, Vec3>> directions{{'1', {0, 0, -1}},
@@ -233,6 +254,7 @@ TEST_F(ViewerWindow, LoadsWhatItSaved) {
     folder.write("camera.state", saved);
     desktop.type('l');
     expectToSee(readState(file)); // only then may the file go
+    EXPECT_THAT(desktop.output(), EndsWith("\nloaded " + file.string() + "\n"));
     EXPECT_TRUE(save() == saved);
 }
 
@@ -250,7 +272,7 @@ TEST_F(ViewerWindow, ListsItsKeys) {
     desktop.type('?');
     desktop.type('q');
     EXPECT_EQ(desktop.wait(), 0);
-    EXPECT_EQ(desktop.output(), viewControls() + "\n" + viewControls() + "\n");
+    EXPECT_EQ(desktop.output(), "saved " + file.string() + "\n" + viewControls() + "\n" + viewControls() + "\n");
     EXPECT_EQ(desktop.errors(), "");
 }
 

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <filesystem>
+#include <stdexcept>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "StateFile.h"
+#include "TemporaryFolder.h"
+
+namespace qel::host::test {
+namespace {
+
+TEST(StateFile, NamesAFileThatIsMissing) {
+    const TemporaryFolder folder;
+    try {
+        readState(folder / "none");
+        FAIL();
+    } catch (const std::runtime_error& error) {
+        EXPECT_THAT(error.what(), ::testing::HasSubstr("none: cannot be read"));
+    }
+}
+
+TEST(StateFile, TellsAFileThatBreaksOff) {
+    const TemporaryFolder folder;
+    writeState({}, folder / "whole");
+    const auto file = folder.write("half", readText(folder / "whole").substr(0, 20));
+    EXPECT_THROW(readState(file), std::runtime_error);
+}
+
+TEST(StateFile, LeavesTheOlderFileWhereItCannotWrite) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "state.part");
+    const auto file = folder.write("state", "older");
+    EXPECT_THROW(writeState({}, file), std::runtime_error);
+    EXPECT_EQ(readText(file), "older");
+}
+
+} // namespace
+} // namespace qel::host::test
