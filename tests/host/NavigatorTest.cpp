@@ -238,6 +238,16 @@ TEST_F(NavigatorTest, ZoomingAfterSomethingElseIsAStepOfItsOwn) {
     EXPECT_TRUE(navigator.camera() == zoomed);
 }
 
+TEST_F(NavigatorTest, ZoomingDuringADragIsNoPartOfAZoomBefore) {
+    navigator.zoom(somewhere, 1.0);
+    const auto zoomed = navigator.camera();
+    navigator.beginDrag(Drag::pan, somewhere);
+    navigator.drag(elsewhere);
+    navigator.zoom(somewhere, 1.0);
+    navigator.undo();
+    EXPECT_TRUE(navigator.camera() == zoomed);
+}
+
 TEST_F(NavigatorTest, AreaFillsTheWindow) {
     // 200 by 150 pixels are of the window's shape.
     const Vec3 lowerLeft = sight().pointAtDepth({300, 200}, depth);
