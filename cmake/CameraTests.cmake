@@ -52,3 +52,11 @@ function(camera_add_test name)
     DISCOVERY_TIMEOUT 120
     PROPERTIES ${properties})
 endfunction()
+
+# camera_replaces_operator_new(<name>): the thread sanitizer's runtime is linked into a program with an operator new of
+# its own; the program's stands first and counts.
+function(camera_replaces_operator_new name)
+  if("thread" IN_LIST CAMERA_SANITIZERS)
+    target_link_options(${name} PRIVATE -Wl,--allow-multiple-definition)
+  endif()
+endfunction()
