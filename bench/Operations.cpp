@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+
+#include <pthread.h>
+#include <sched.h>
 
 #include <benchmark/benchmark.h>
 
@@ -34,6 +38,37 @@ void callWarm(benchmark::State& state, CameraAPIIf& camera, const Workload& work
     state.SetItemsProcessed(state.iterations());
 }
 
+/// Keeps a thread on one of the processors that it may use, as long as this lives: two threads of a short measurement
+/// would else share a processor for much of it, until the scheduler parts them.
+class OnOneProcessor {
+public:
+    explicit OnOneProcessor(int number) {
+        pthread_getaffinity_np(pthread_self(), sizeof mBefore, &mBefore);
+        number %= CPU_COUNT(&mBefore);
+        std::size_t processor = 0;
+        while (!CPU_ISSET(processor, &mBefore) || number-- > 0) {
+            ++processor;
+        }
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(processor, &one);
+        pthread_setaffinity_np(pthread_self(), sizeof one, &one);
+    }
+    ~OnOneProcessor() { pthread_setaffinity_np(pthread_self(), sizeof mBefore, &mBefore); }
+
+    OnOneProcessor(const OnOneProcessor&) = delete;
+    OnOneProcessor& operator=(const OnOneProcessor&) = delete;
+
+private:
+    cpu_set_t mBefore;
+};
+
+template <class Call>
+void callInThreads(benchmark::State& state, CameraAPIIf& camera, const Workload& workload) {
+    const OnOneProcessor pinned(state.thread_index());
+    callWarm<Call>(state, camera, workload);
+}
+
 template <class Call>
 void callFresh(benchmark::State& state, CameraAPIIf& camera, const Workload& workload) {
     const auto arguments = Call::arguments(workload);
@@ -54,7 +89,8 @@ void registerOperations(CameraAPIIf& camera, const Workload& workload) {
         const auto fresh = [&](benchmark::State& state) { callFresh<Call>(state, camera, workload); };
         benchmark::RegisterBenchmark(("operation/" + name).c_str(), warm);
         benchmark::RegisterBenchmark(("fresh/" + name).c_str(), fresh);
-        benchmark::RegisterBenchmark(("threads/" + name).c_str(), warm)->ThreadRange(1, 2)->UseRealTime();
+        const auto threads = [&](benchmark::State& state) { callInThreads<Call>(state, camera, workload); };
+        benchmark::RegisterBenchmark(("threads/" + name).c_str(), threads)->ThreadRange(1, 2)->UseRealTime();
     });
 }
 
