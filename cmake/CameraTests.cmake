@@ -38,7 +38,9 @@ function(camera_add_test name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 60)
   endif()
-  if(CAMERA_SANITIZERS)
+  if(CMAKE_CROSSCOMPILING) # by an emulator
+    math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 10")
+  elseif(CAMERA_SANITIZERS)
     math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 5")
   endif()
 
