@@ -61,14 +61,15 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--thrift", required=True, help="Thrift's compiler")
     parser.add_argument("--description", required=True, help="camera.thrift; base.thrift stands beside it")
-    parser.add_argument("--program", required=True, help="describe_interface")
+    parser.add_argument("--program", required=True, nargs=argparse.REMAINDER,
+                        help="describe_interface, with what runs it; comes last")
     arguments = parser.parse_args()
 
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run(
             [arguments.thrift, "-strict", "-r", "--gen", "json", "-out", folder, arguments.description], check=True)
         base, camera = (json.loads(pathlib.Path(folder, name + ".json").read_text()) for name in ("base", "camera"))
-    code = subprocess.run([arguments.program], check=True, capture_output=True, text=True).stdout.splitlines()
+    code = subprocess.run(arguments.program, check=True, capture_output=True, text=True).stdout.splitlines()
 
     description = []
     for struct in base["structs"]:
