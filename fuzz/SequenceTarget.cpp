@@ -160,13 +160,13 @@ void forge(States& states, Bytes& bytes) {
         break;
     }
     case 1: {
-        const std::size_t offset = bytes.word(2);
+        const auto offset = static_cast<std::size_t>(bytes.word(2));
         if (offset < image.size()) {
             image[offset] = static_cast<char>(bytes.byte());
         }
         break;
     }
-    case 2: image.resize(bytes.word(2) % 1200, static_cast<char>(bytes.byte())); break;
+    case 2: image.resize(static_cast<std::size_t>(bytes.word(2)) % 1200, static_cast<char>(bytes.byte())); break;
     default: {
         image = std::string(states.image(bytes.byte() % 8));
         break;
