@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <optional>
-#include <string>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
-#include <qel/host/ComponentLoader.h>
-
-#include "Navigator.h"
-#include "Sight.h"
+#include "NavigatorFixture.h"
 #include "StateFile.h"
 #include "TemporaryFolder.h"
 #include "WindowContext.h"
@@ -18,70 +13,7 @@
 namespace qel::host::test {
 namespace {
 
-using Drag = Navigator::Drag;
-
-const Box model{{-2, -1, 0}, {4, 3, 2}};
-const Pixel somewhere{431, 377};
-const Pixel elsewhere{240, 150};
-
-class NavigatorTest : public ::testing::Test {
-protected:
-    static Vec2 place(Pixel pixel) { return {static_cast<double>(pixel.x), static_cast<double>(pixel.y)}; }
-    [[nodiscard]] Sight sight() const { return Sight(navigator.camera()); }
-
-    void expectSeenAt(const Vec3& point, Pixel pixel) const {
-        const Vec2 seen = sight().pixelOf(point);
-        EXPECT_NEAR(seen.x, pixel.x, 1e-6);
-        EXPECT_NEAR(seen.y, pixel.y, 1e-6);
-    }
-    void drag(Drag kind, Pixel from, Pixel to) {
-        navigator.beginDrag(kind, from);
-        navigator.drag({(from.x + to.x) / 2, from.y});
-        navigator.drag(to);
-        navigator.endDrag(to);
-    }
-    void expectWithinClippingPlanes(const Vec3& point) const {
-        const Vec3 offset = point - sight().eye();
-        const Vec3 direction = sight().direction();
-        const double ahead = offset[0] * direction[0] + offset[1] * direction[1] + offset[2] * direction[2];
-        EXPECT_GT(ahead, navigator.camera().mProjectionState.mFrustum.mNearDist);
-        EXPECT_LT(ahead, navigator.camera().mProjectionState.mFrustum.mFarDist);
-    }
-
-    /// The larger of both fields of view, in degrees.
-    [[nodiscard]] double fieldOfView() const {
-        const auto& frustum = navigator.camera().mProjectionState.mFrustum;
-        const double near = frustum.mNearDist;
-        const double across = std::atan(frustum.mRight / near) - std::atan(frustum.mLeft / near);
-        const double upwards = std::atan(frustum.mTop / near) - std::atan(frustum.mBottom / near);
-        return std::max(across, upwards) * 180.0 / std::numbers::pi;
-    }
-    /// Draws the rectangle, which is wider than the window's shape, and expects it from the left to the right edge, its
-    /// middle in the window's.
-    static void expectAreaFills(Navigator& viewer, double depth, Pixel from, Pixel to) {
-        const auto before = viewer.camera();
-        const double left = std::min(from.x, to.x);
-        const double right = std::max(from.x, to.x);
-        const double height = (from.y + to.y) / 2.0;
-        viewer.beginDrag(Drag::area, from);
-        viewer.endDrag(to);
-        const auto seen = [&](double x) {
-            return Sight(viewer.camera()).pixelOf(Sight(before).pointAtDepth({x, height}, depth));
-        };
-        EXPECT_NEAR(seen(left).x, 0.0, 1.0);
-        EXPECT_NEAR(seen(right).x, 800.0, 1.0);
-        EXPECT_NEAR(seen((left + right) / 2.0).x, 400.0, 1.0);
-        EXPECT_NEAR(seen((left + right) / 2.0).y, 300.0, 1.0);
-    }
-
-    double depth = 0.4; // what the depth buffer holds everywhere
-    Pixel asked;        // where it was last looked at
-    ComponentLoader component{CAMERA_MODULE};
-    Navigator navigator{component.camera(), model, 800, 600, [this](const auto&, Pixel at) {
-                            asked = at;
-                            return depth;
-                        }};
-};
+using NavigatorTest = NavigatorFixture;
 
 TEST(PixelUnder, CountsFromTheLowerLeft) {
     const Pixel upperLeft = pixelUnder(0.0, 0.0, 1.0, 600);
@@ -209,45 +141,6 @@ TEST_F(NavigatorTest, AnOrthographicProjectionZoomsOutWithoutEnd) {
     EXPECT_NEAR(sight().extentOfPixel().x / (extent * std::pow(0.9, -100.0)), 1.0, 1e-9);
 }
 
-TEST_F(NavigatorTest, ZoomingOnAtAPixelIsOneStepOfTheHistory) {
-    const auto first = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
-    navigator.zoom(somewhere, 1.0);
-    navigator.zoom(somewhere, -3.0);
-    const auto second = navigator.camera();
-    navigator.zoom(elsewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == second);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == second);
-}
-
-TEST_F(NavigatorTest, ZoomingAfterSomethingElseIsAStepOfItsOwn) {
-    navigator.zoom(somewhere, 1.0);
-    navigator.look({0, 0, -1}, {0, 1, 0});
-    const auto looked = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
-    const auto zoomed = navigator.camera();
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == looked);
-    navigator.redo();
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == zoomed);
-}
-
-TEST_F(NavigatorTest, ZoomingDuringADragIsNoPartOfAZoomBefore) {
-    navigator.zoom(somewhere, 1.0);
-    const auto zoomed = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == zoomed);
-}
-
 TEST_F(NavigatorTest, AreaFillsTheWindow) {
     // 200 by 150 pixels are of the window's shape.
     const Vec3 lowerLeft = sight().pointAtDepth({300, 200}, depth);
@@ -362,124 +255,6 @@ TEST_F(NavigatorTest, AnIconChangesNothing) {
     EXPECT_TRUE(navigator.camera() == before);
     navigator.resize(800, 600);
     EXPECT_TRUE(navigator.camera() == before);
-}
-
-TEST_F(NavigatorTest, WhateverElseIsDoneEndsADragWhereItIs) {
-    const auto first = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    const Vec3 point = sight().pointAtDepth(place(elsewhere), depth);
-    navigator.zoom(elsewhere, 1.0);
-    EXPECT_EQ(navigator.dragged(), std::nullopt);
-    const auto zoomed = navigator.camera();
-    navigator.drag(somewhere);
-    navigator.endDrag(somewhere);
-    EXPECT_TRUE(navigator.camera() == zoomed);
-    expectSeenAt(point, elsewhere);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-}
-
-TEST_F(NavigatorTest, UndoDuringADragTakesBackThatDragAlone) {
-    drag(Drag::rotate, somewhere, elsewhere);
-    const auto before = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    const auto dragged = navigator.camera();
-    navigator.undo();
-    EXPECT_EQ(navigator.dragged(), std::nullopt);
-    EXPECT_TRUE(navigator.camera() == before);
-    navigator.drag(somewhere);
-    navigator.endDrag(somewhere);
-    EXPECT_TRUE(navigator.camera() == before);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == dragged);
-}
-
-TEST_F(NavigatorTest, UndoDuringADragThatChangedNothingEndsIt) {
-    drag(Drag::rotate, somewhere, elsewhere);
-    const auto before = navigator.camera();
-    for (const Drag kind : {Drag::area, Drag::pan}) {
-        navigator.beginDrag(kind, somewhere);
-        navigator.undo();
-        EXPECT_EQ(navigator.dragged(), std::nullopt);
-        EXPECT_TRUE(navigator.camera() == before);
-    }
-}
-
-TEST_F(NavigatorTest, RedoDuringADragKeepsWhatWasDragged) {
-    const auto first = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    const auto dragged = navigator.camera();
-    navigator.redo();
-    EXPECT_EQ(navigator.dragged(), std::nullopt);
-    EXPECT_TRUE(navigator.camera() == dragged);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-}
-
-TEST_F(NavigatorTest, ResizingDuringADragKeepsWhatWasDragged) {
-    const auto first = navigator.camera();
-    navigator.beginDrag(Drag::rotate, somewhere);
-    navigator.drag(elsewhere);
-    const Vec3 direction = sight().direction();
-    navigator.resize(1000, 450);
-    EXPECT_EQ(navigator.dragged(), std::nullopt);
-    EXPECT_NEAR(length(sight().direction() - direction), 0.0, 1e-12);
-    navigator.undo();
-    EXPECT_NEAR(length(sight().direction() - Sight(first).direction()), 0.0, 1e-12);
-}
-
-TEST_F(NavigatorTest, UndoAndRedoGiveTheSameBits) {
-    const auto first = navigator.camera();
-    drag(Drag::rotate, somewhere, elsewhere);
-    const auto second = navigator.camera();
-    navigator.zoom(elsewhere, 1.0);
-    const auto third = navigator.camera();
-
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == second);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-    navigator.redo();
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == third);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == third);
-}
-
-TEST_F(NavigatorTest, ADragIsOneStepOfTheHistory) {
-    const auto first = navigator.camera();
-    drag(Drag::pan, somewhere, elsewhere);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-}
-
-TEST_F(NavigatorTest, WhatIsDoneAfterAnUndoReplacesWhatWasUndone) {
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    navigator.zoom(elsewhere, -1.0);
-    const auto last = navigator.camera();
-    navigator.undo();
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == last);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == last);
-}
-
-TEST_F(NavigatorTest, UndoKeepsTheWindowsSizeAndTheScaleOfThen) {
-    const Vec2 before = sight().extentOfPixel();
-    navigator.zoom(somewhere, 1.0);
-    navigator.resize(1000, 450);
-    navigator.undo();
-    EXPECT_EQ(navigator.camera().mSurfaceState.mResolutionX, 1000);
-    EXPECT_NEAR(sight().extentOfPixel().x, before.x, 1e-15);
-    EXPECT_NEAR(sight().extentOfPixel().y, before.y, 1e-15);
 }
 
 TEST_F(NavigatorTest, RestoresASavedStateToTheBit) {
