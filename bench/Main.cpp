@@ -36,6 +36,7 @@ int main(int argc, char** argv) {
         const qel::host::ComponentLoader component(argv[1]);
         const qel::bench::Workload workload(component.camera());
         qel::bench::registerOperations(component.camera(), workload);
+        qel::bench::registerControls();
         qel::bench::registerFloors(component.camera(), workload);
         registerPeers();
 #ifdef CAMERA_BENCH_WIRE

@@ -40,9 +40,9 @@ class Results:
         a, b = self.of(name), self.of(other)
         return None if a is None or b is None else a / b
 
-    def scaling(self, operation):
+    def scaling(self, what):
         """What two threads do in the time in which one does 1. Times are per call, of all threads together."""
-        return self.over(f"threads/{operation}/real_time/threads:1", f"threads/{operation}/real_time/threads:2")
+        return self.over(f"threads/{what}/real_time/threads:1", f"threads/{what}/real_time/threads:2")
 
 
 class Bar:
@@ -203,6 +203,8 @@ def document(results, arguments, judged):
         machine=machine(), date=datetime.date.today().isoformat(), compiler=arguments.compiler,
         flags=arguments.flags, repetitions=arguments.repetitions, load=f"{load:.1f}",
         bars=table(["what", "bar", "measured", ""], [bar.row() for bar in judged]),
+        copying=ratio_text(results.scaling("control: copying")),
+        calculating=ratio_text(results.scaling("control: calculating")),
         operations=operations_table(results, order), peers=peers_table(results), wire=wire_table(results))
 
 
