@@ -100,17 +100,22 @@ std::string recorded() {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-TEST(InterfaceLayout, IsTheRecordedOne) {
 #if defined(__x86_64__) && defined(__GLIBCXX__)
+constexpr bool isRecordedHere = true;
+#else
+constexpr bool isRecordedHere = false;
+#endif
+
+TEST(InterfaceLayout, IsTheRecordedOne) {
+    if (!isRecordedHere) {
+        GTEST_SKIP() << "recorded for x86-64 and the GNU C++ library";
+    }
     const std::string actual = interfaceAsBuilt();
     if (actual != recorded()) {
         std::ofstream("interface-as-built.txt") << actual;
     }
     EXPECT_EQ(actual, recorded()) << "if it is meant: interface-as-built.txt, in the folder of this test, is what "
                                      "belongs into " CAMERA_RECORDED_INTERFACE ", and hosts must be told";
-#else
-    GTEST_SKIP() << "recorded for x86-64 and the GNU C++ library";
-#endif
 }
 
 } // namespace

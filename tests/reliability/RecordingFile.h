@@ -72,6 +72,8 @@ public:
         return value;
     }
 
+    std::size_t length() { return static_cast<std::size_t>(number(4)); }
+
     template <class Value>
     void get(Value& value) {
         if constexpr (camera_test::IsRecord<Value>) {
@@ -84,9 +86,9 @@ public:
         } else if constexpr (std::is_enum_v<Value> || std::is_integral_v<Value>) {
             value = static_cast<Value>(static_cast<std::int32_t>(static_cast<std::uint32_t>(number(4))));
         } else if constexpr (std::is_same_v<Value, std::string>) {
-            value = take(number(4));
+            value = take(length());
         } else {
-            value.resize(number(4));
+            value.resize(length());
             for (auto& element : value) {
                 get(element);
             }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <elf.h>
+#include <link.h>
 
 #include <cstddef>
 #include <cstring>
@@ -14,7 +15,7 @@
 
 namespace qel::api::camera::test {
 
-/// What a shared object says about itself to the dynamic linker.
+/// What a shared object of the machine's own kind says about itself to the dynamic linker.
 class ElfFile {
 public:
     struct Symbol {
@@ -26,23 +27,24 @@ public:
     explicit ElfFile(const char* path) {
         std::ifstream file(path, std::ios::binary);
         mBytes.assign(std::istreambuf_iterator<char>(file), {});
-        if (mBytes.size() < sizeof(Elf64_Ehdr) || std::memcmp(mBytes.data(), ELFMAG, SELFMAG) != 0 ||
-            mBytes[EI_CLASS] != ELFCLASS64) {
-            throw std::runtime_error(std::string(path) + " is no 64-bit ELF file");
+        constexpr char ownClass = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
+        if (mBytes.size() < sizeof(Header) || std::memcmp(mBytes.data(), ELFMAG, SELFMAG) != 0 ||
+            mBytes[EI_CLASS] != ownClass) {
+            throw std::runtime_error(std::string(path) + " is no ELF file of this machine's word size");
         }
-        const auto header = at<Elf64_Ehdr>(0);
+        const auto header = at<Header>(0);
         for (std::size_t i = 0; i < header.e_shnum; ++i) {
-            const auto section = at<Elf64_Shdr>(header.e_shoff + i * header.e_shentsize);
+            const auto section = at<Section>(header.e_shoff + i * header.e_shentsize);
             const bool dynamic = section.sh_type == SHT_DYNAMIC;
             if (!dynamic && section.sh_type != SHT_DYNSYM) {
                 continue;
             }
-            const auto strings = at<Elf64_Shdr>(header.e_shoff + std::size_t(section.sh_link) * header.e_shentsize);
+            const auto strings = at<Section>(header.e_shoff + std::size_t(section.sh_link) * header.e_shentsize);
             for (std::size_t offset = 0; offset < section.sh_size; offset += section.sh_entsize) {
                 if (dynamic) {
-                    readEntry(at<Elf64_Dyn>(section.sh_offset + offset), strings.sh_offset);
+                    readEntry(at<DynamicEntry>(section.sh_offset + offset), strings.sh_offset);
                 } else {
-                    readSymbol(at<Elf64_Sym>(section.sh_offset + offset), strings.sh_offset);
+                    readSymbol(at<SymbolEntry>(section.sh_offset + offset), strings.sh_offset);
                 }
             }
         }
@@ -53,9 +55,15 @@ public:
     /// The libraries that it asks for.
     [[nodiscard]] const std::vector<std::string>& needed() const { return mNeeded; }
     /// DF_1_NODELETE and the like.
-    [[nodiscard]] Elf64_Xword flags1() const { return mFlags1; }
+    [[nodiscard]] std::size_t flags1() const { return mFlags1; }
 
 private:
+    // As wide as the machine's addresses.
+    using Header = ElfW(Ehdr);
+    using Section = ElfW(Shdr);
+    using DynamicEntry = ElfW(Dyn);
+    using SymbolEntry = ElfW(Sym);
+
     template <class Struct>
     [[nodiscard]] Struct at(const std::size_t offset) const {
         static_assert(std::is_trivially_copyable_v<Struct>);
@@ -69,7 +77,7 @@ private:
 
     [[nodiscard]] std::string text(const std::size_t offset) const { return mBytes.c_str() + offset; }
 
-    void readEntry(const Elf64_Dyn& entry, const std::size_t strings) {
+    void readEntry(const DynamicEntry& entry, const std::size_t strings) {
         if (entry.d_tag == DT_NEEDED) {
             mNeeded.push_back(text(strings + entry.d_un.d_val));
         } else if (entry.d_tag == DT_FLAGS_1) {
@@ -77,7 +85,7 @@ private:
         }
     }
 
-    void readSymbol(const Elf64_Sym& symbol, const std::size_t strings) {
+    void readSymbol(const SymbolEntry& symbol, const std::size_t strings) {
         const unsigned char binding = ELF64_ST_BIND(symbol.st_info);
         if (symbol.st_shndx != SHN_UNDEF && binding != STB_LOCAL) {
             mExports.push_back(
@@ -88,7 +96,7 @@ private:
     std::string mBytes;
     std::vector<Symbol> mExports;
     std::vector<std::string> mNeeded;
-    Elf64_Xword mFlags1 = 0;
+    std::size_t mFlags1 = 0;
 };
 
 } // namespace qel::api::camera::test
