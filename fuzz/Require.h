@@ -25,3 +25,7 @@ inline void require(bool holds, const char* what) {
 
 /// A fuzzer's entry: libFuzzer's main or the one of Replay.cpp calls it for every input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// Whether all that a target is for was reached by the inputs so far; says on stderr what was missed. The one of
+/// Replay.cpp, which asks at its end, is content with anything; a target may define its own in its place.
+extern "C" bool fuzzReachedEverything();
