@@ -3,22 +3,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include <qel/api/camera/CameraAPIIf.h>
-
-#include "Require.h"
 
 namespace camera::fuzz {
 
 namespace api = qel::api::camera;
 
-// What an operation owes whatever its arguments are: which calls fail and with what words, and what a record that it
-// wrote looks like.
+// Which calls fail, whatever else their arguments are, and with what words.
 
 inline constexpr std::size_t viewImageSize = 384;
 inline constexpr std::size_t projectionImageSize = 336;
@@ -86,86 +81,5 @@ inline std::int32_t failureCode(std::size_t slot) { return slot >= 66 && slot <=
 
 /// The three getters set the outcome on success; everything else leaves it as the caller passed it.
 inline bool resetsOutcome(std::size_t slot) { return slot == 24 || slot == 26 || slot == 29; }
-
-// What was written: lists of the right length, and the same numbers in the fields and in the image.
-
-inline void requireImage(const std::string& image, std::size_t size) {
-    require(image.size() == size, "an image has its kind's size");
-    require(image.compare(0, 8, std::string_view("\0\0\0\0\0\0\0\0", 8)) == 0, "an image begins with zero bytes");
-}
-
-inline void requireNumber(const std::string& image, std::size_t offset, double value) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    for (std::size_t i = 0; i < 8; ++i) {
-        require(static_cast<std::uint8_t>(image[offset + i]) == static_cast<std::uint8_t>(bits >> (8U * i)),
-                "a field holds what the image holds");
-    }
-}
-
-/// The rows of the record are the columns' elements of the image.
-inline void requireMatrix(const std::string& image, std::size_t offset, const api::Matrix& matrix) {
-    require(matrix.mData.size() == 4, "a matrix has four rows");
-    for (std::size_t row = 0; row < 4; ++row) {
-        require(matrix.mData[row].size() == 4, "a row has four values");
-        for (std::size_t column = 0; column < 4; ++column) {
-            requireNumber(image, offset + 8 * (4 * column + row), matrix.mData[row][column]);
-        }
-    }
-}
-
-inline void requireWritten(const api::Vector& vector) {
-    require(vector.mData.size() == 3, "a vector has three values");
-}
-inline void requireWritten(double) {}
-
-inline void requireWritten(const api::ViewState& state) {
-    requireImage(state.mPrivate, viewImageSize);
-    requireMatrix(state.mPrivate, 8, state.mViewTransformMatrix);
-    requireMatrix(state.mPrivate, 144, state.mViewMatrix);
-    requireWritten(state.mEye);
-    requireWritten(state.mDirection);
-    require(state.mOrientation.mData.size() == 4, "an orientation has four values");
-    for (std::size_t i = 0; i < 3; ++i) {
-        requireNumber(state.mPrivate, 360 + 8 * i, state.mEye.mData[i]);
-    }
-}
-
-inline void requireWritten(const api::ProjectionState& state) {
-    requireImage(state.mPrivate, projectionImageSize);
-    requireMatrix(state.mPrivate, 8, state.mProjectionMatrix);
-    require(state.mProjectionType == api::ProjectionType::PERSPECTIVE ||
-                state.mProjectionType == api::ProjectionType::ORTHOGRAPHIC,
-            "a projection is of one of the two types");
-    const api::Frustum& frustum = state.mFrustum;
-    std::size_t offset = 288;
-    for (const double value :
-         {frustum.mLeft, frustum.mRight, frustum.mBottom, frustum.mTop, frustum.mNearDist, frustum.mFarDist}) {
-        requireNumber(state.mPrivate, offset, value);
-        offset += 8;
-    }
-}
-
-inline void requireWritten(const api::SurfaceState& state) {
-    requireImage(state.mPrivate, surfaceImageSize);
-    requireNumber(state.mPrivate, 8, state.mViewport.mX);
-    requireNumber(state.mPrivate, 48, state.mViewport.mDepthMax);
-    require(state.mResolutionX >= 0.0 && state.mResolutionX <= 4294967295.0, "a resolution is an unsigned number");
-    require(state.mResolutionY >= 0.0 && state.mResolutionY <= 4294967295.0, "a resolution is an unsigned number");
-}
-
-inline void requireWritten(const api::PlanarCameraState& state) {
-    requireWritten(state.mViewState);
-    requireWritten(state.mProjectionState);
-    requireWritten(state.mSurfaceState);
-    requireImage(state.mPrivate, cameraImageSize);
-    require(state.mPrivate.compare(24, viewImageSize, state.mViewState.mPrivate) == 0, "a camera holds its view");
-    require(state.mPrivate.compare(408, projectionImageSize, state.mProjectionState.mPrivate) == 0,
-            "a camera holds its projection");
-    require(state.mPrivate.compare(744, surfaceImageSize, state.mSurfaceState.mPrivate) == 0,
-            "a camera holds its surface");
-}
-
-inline void requireWritten(const api::Matrix&) {} // of any shape: the target compares it with the argument's
 
 } // namespace camera::fuzz

@@ -1,25 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
-// Runs a sequence of operations over the service, made by the factory of the module: the input says which operations
-// with which arguments and on which of the states that the earlier ones left, and how their images are forged.
+// Runs a sequence of operations over the service of the module, loaded as a host loads it: the input says which
+// operations with which arguments and on which of the states that the earlier ones left, and how their images are
+// forged.
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
+#include <exception>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 
-#include <qel/api/base/BaseAPIIf.h>
+#include <qel/api/base/Records.h>
 #include <qel/api/camera/Operations.h>
+#include <qel/host/ComponentLoader.h>
 
 #include "Arguments.h"
 #include "Bytes.h"
 #include "Expectations.h"
 #include "Require.h"
+#include "SameBits.h"
 #include "States.h"
+#include "Utilities.h"
+#include "Written.h"
 
 namespace camera::fuzz {
 namespace {
@@ -57,26 +63,16 @@ bool mustFail(const std::tuple<Held<Arguments>...>& arguments) {
     }
 }
 
-/// Equal bit for bit, NaN and the sign of zero included.
-bool sameBits(const std::vector<double>& a, const std::vector<double>& b) {
-    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), 8 * a.size()) == 0);
-}
-bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
-bool sameBits(const api::Vector& a, const api::Vector& b) { return sameBits(a.mData, b.mData); }
-bool sameBits(const api::Matrix& a, const api::Matrix& b) {
-    if (a.mData.size() != b.mData.size()) {
-        return false;
+/// What a successful call has written.
+template <std::size_t slot, class Value, class... Arguments>
+void requireAnswer(const Value& value, const std::tuple<Held<Arguments>...>& arguments) {
+    if constexpr (slot == 66 || slot == 67) {
+        requireFrustumMatrix(value, std::get<0>(arguments).get(), slot == 66);
+    } else if constexpr (slot == 68) {
+        requireTransposed(value, std::get<0>(arguments).get());
+    } else {
+        requireWritten(value);
     }
-    for (std::size_t i = 0; i < a.mData.size(); ++i) {
-        if (!sameBits(a.mData[i], b.mData[i])) {
-            return false;
-        }
-    }
-    return true;
-}
-template <class State>
-bool sameBits(const State& a, const State& b) {
-    return a.mPrivate == b.mPrivate;
 }
 
 template <std::size_t slot, class Result, class... Arguments>
@@ -100,29 +96,40 @@ void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>&
     }
 
     Result& result = states.change<Result>(choice & 1U);
+    if ((choice & 0x80U) != 0) {
+        result.mResult.mError = 3;
+        result.mResult.mMessage = "older";
+    }
     const qel::api::base::ServiceResult before = result.mResult;
+    std::optional<decltype(result.mValue)> kept;
+    if (fails) {
+        kept = result.mValue;
+    }
     invoke(result);
     const qel::api::base::ServiceResult& after = result.mResult;
     if (fails) {
         require(after.mError == failureCode(slot), "a failed call sets its code");
         require(after.__isset.mMessage && after.mMessage == failureText(slot, operation.name),
                 "a failed call sets its message");
+        require(sameBits(result.mValue, *kept), "a failed call leaves the value alone");
     } else if (resetsOutcome(slot)) {
-        require(after.mError == 0 && after.mMessage.empty(), "a getter resets the outcome");
+        require(after.mError == 0 && after.mMessage.empty() && after.__isset.mMessage == before.__isset.mMessage,
+                "a getter resets the outcome");
     } else {
-        require(after.mError == before.mError && after.mMessage == before.mMessage,
-                "a successful call leaves the outcome alone");
+        require(sameBits(after, before), "a successful call leaves the outcome alone");
     }
     if (!fails) {
-        requireWritten(result.mValue);
+        requireAnswer<slot>(result.mValue, arguments);
     }
     if (twice) {
         require((fresh.mResult.mError != 0) == fails, "a fresh result fails with a used one");
-        require(fails || sameBits(fresh.mValue, result.mValue), "a fresh result gets the bits that a used one gets");
+        if (fails) {
+            require(sameBits(fresh.mValue, decltype(fresh.mValue)()), "a failed call writes no value");
+        } else {
+            require(sameBits(fresh.mValue, result.mValue), "a fresh result gets the bits that a used one gets");
+        }
     }
-    result.mResult.mError = 0;
-    result.mResult.mMessage.clear();
-    result.mResult.__isset.mMessage = false;
+    result.mResult = {};
 }
 
 using Call = void (*)(api::CameraAPIIf&, States&, Bytes&);
@@ -174,17 +181,27 @@ void forge(States& states, Bytes& bytes) {
     }
 }
 
-/// As the factory made it; lives as long as the process.
+/// Loaded from the module's file; stays as long as the process.
 api::CameraAPIIf& theService() {
-    static const std::unique_ptr<qel::api::base::BaseAPIIf> instance(createComponentInstance());
-    static auto* const service = dynamic_cast<api::CameraAPIIf*>(instance.get());
-    require(service != nullptr, "the factory makes a camera service");
-    return *service;
+    static const qel::host::ComponentLoader component = [] {
+        try {
+            return qel::host::ComponentLoader(CAMERA_MODULE_FILE);
+        } catch (const std::exception& exception) {
+            broken(exception.what());
+        }
+    }();
+    return component.camera();
 }
 
 } // namespace
 
 } // namespace camera::fuzz
+
+/// Asked by libFuzzer before it looks at what is instrumented: the module's edges are counted from the first input on.
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    camera::fuzz::theService();
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace camera::fuzz;
