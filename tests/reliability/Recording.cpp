@@ -6,7 +6,9 @@
 // camera_recording MODULE compare FILE     calls with the recorded arguments and tells how far the results are apart
 //
 // 10,000 operations, each result a possible argument of later ones. What the operations compute is determined to the
-// last bit by IEEE 754 and by the C library's sin, cos, tan, atan and acos, so those are recorded beside them.
+// last bit by IEEE 754 and by the C library's sin, cos, tan, atan and acos, so those are recorded beside them: a digest
+// of operations holds where the digest of mathematics above it does. GNU's library rounds in two ways, with fused
+// operations and, where the processor has none, without; there is a pair for each.
 
 #include <dlfcn.h>
 
@@ -32,6 +34,7 @@
 #include <qel/api/base/BaseAPIIf.h>
 #include <qel/api/camera/Operations.h>
 
+#include "Census.h"
 #include "Difference.h"
 #include "RecordedArguments.h"
 #include "RecordingFile.h"
@@ -51,11 +54,12 @@ class Digest {
 public:
     template <class Value>
     void add(const Value& value) {
-        std::vector<double> numbers;
-        collectNumbers(value, numbers);
-        for (const double number : numbers) {
+        std::vector<Item> items;
+        collectItems(value, items);
+        for (const Item& item : items) {
+            const bool nan = item.isNumber && std::isnan(item.number());
             std::string bytes;
-            put(bytes, std::isnan(number) ? std::bit_cast<double>(std::uint64_t{0x7FF8000000000000}) : number);
+            putNumber(bytes, nan ? std::uint64_t{0x7FF8000000000000} : item.bits);
             for (const char byte : bytes) {
                 mValue = (mValue ^ static_cast<std::uint8_t>(byte)) * 0x100000001B3U;
             }
@@ -99,26 +103,28 @@ void forEachNumber(const Visitor& visit) {
     }
 }
 
-/// Calls visit(slot, arguments, result) for the row of operations.
+/// Calls visit(slot, arguments, result) for the row of operations, and fails unless the row exercises each.
 template <class Visitor>
 void forEachRecorded(CameraAPIIf& service, const Visitor& visit) {
     RecordedArguments source(service);
+    Census census(service);
     for (std::size_t i = 0; i < recordedOperations; ++i) {
         const std::size_t chosen = source.below(api::camera::operationCount);
-        api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
-            if (slot == chosen) {
-                [&]<class Result, class... Arguments>(const api::camera::Operation<Result, Arguments...>&) {
-                    std::tuple<std::remove_cvref_t<Arguments>...> arguments;
-                    std::apply([&](auto&... argument) { (source.give(argument), ...); }, arguments);
+        api::camera::forEachOperation(
+            [&]<class Result, class... Arguments>(const std::size_t slot,
+                                                  const api::camera::Operation<Result, Arguments...>& operation) {
+                if (slot == chosen) {
+                    const auto arguments = source.argumentsOf(operation);
                     Result result;
                     std::apply([&](const auto&... argument) { (service.*operation.member)(result, argument...); },
                                arguments);
                     visit(slot, arguments, result);
+                    census.add(slot, operation, arguments, result, source.flaw());
                     source.keep(result.mValue);
-                }(operation);
-            }
-        });
+                }
+            });
     }
+    census.require();
 }
 
 std::string digests(CameraAPIIf& service) {
@@ -140,12 +146,12 @@ std::string readFile(const char* path) {
 int check(CameraAPIIf& service, const char* path) {
     const std::string expected = readFile(path);
     const std::string actual = digests(service);
-    if (actual == expected) {
+    if (expected.find(actual) != std::string::npos) {
         std::printf("%zu operations give the recorded bits\n", recordedOperations);
         return EXIT_SUCCESS;
     }
-    if (actual.substr(0, actual.find('\n')) != expected.substr(0, expected.find('\n'))) {
-        std::printf("skipped: this machine's C library does not round as the one of the recording\n");
+    if (expected.find(actual.substr(0, actual.find('\n') + 1)) == std::string::npos) {
+        std::printf("skipped: this machine's C library rounds as none of those of the recordings\n");
         return skipped;
     }
     std::printf("recorded:\n%sthis build:\n%s", expected.c_str(), actual.c_str());
