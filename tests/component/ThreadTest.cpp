@@ -1,106 +1,197 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <array>
 #include <atomic>
+#include <barrier>
 #include <cstddef>
+#include <cstdlib>
+#include <filesystem>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
-#include "support/AllCalls.h"
 #include "support/LoadedModule.h"
+#include "support/RepeatedCalls.h"
 
 namespace qel::api::camera::test {
 
 namespace {
 
+// Whatever two calls share shows when they overlap: with other arguments, hundreds of times, in the same operation and
+// in different ones.
+
 constexpr std::size_t threadCount = 16;
-constexpr std::size_t rounds = 20;
+constexpr std::size_t callsAtOnce = CAMERA_TEST_CALLS_AT_ONCE; ///< of one operation in one thread
+
+/// A copy of the module's file, which is loaded as a module of its own, and so unloaded for good.
+class ModuleCopy {
+public:
+    ModuleCopy() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "camera-module-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) {
+            throw std::runtime_error("no folder " + pattern);
+        }
+        mFolder = pattern;
+        mFile = mFolder / "CameraLibrary.so";
+        std::filesystem::copy_file(CAMERA_MODULE_FILE, mFile);
+    }
+    ~ModuleCopy() {
+        std::error_code ignored;
+        std::filesystem::remove_all(mFolder, ignored);
+    }
+    ModuleCopy(const ModuleCopy&) = delete;
+    ModuleCopy& operator=(const ModuleCopy&) = delete;
+
+    [[nodiscard]] const char* file() const { return mFile.c_str(); }
+
+    [[nodiscard]] bool isLoaded() const {
+        void* const handle = dlopen(file(), RTLD_NOW | RTLD_NOLOAD);
+        if (handle != nullptr) {
+            dlclose(handle);
+        }
+        return handle != nullptr;
+    }
+
+private:
+    std::filesystem::path mFolder;
+    std::filesystem::path mFile;
+};
+
+/// Threads that do something over and over until this object goes.
+class Meanwhile {
+public:
+    template <class Work>
+    Meanwhile(const std::size_t count, const Work& work) {
+        for (std::size_t i = 0; i < count; ++i) {
+            mThreads.emplace_back([this, i, work] {
+                do {
+                    work(i);
+                } while (!mStop);
+            });
+        }
+    }
+    ~Meanwhile() {
+        mStop = true;
+        for (std::thread& thread : mThreads) {
+            thread.join();
+        }
+    }
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+
+private:
+    std::atomic<bool> mStop = false;
+    std::vector<std::thread> mThreads;
+};
 
 class Threads : public ::testing::Test {
 protected:
-    Threads() {
-        for (const PreparedCall& call : mCalls) {
-            mExpected.push_back(call.run(*mService));
-        }
-    }
-
-    /// All operations, over and over, each thread from another slot on; says how many results were not, bit for bit,
-    /// those of a single thread.
-    [[nodiscard]] std::size_t differencesOf(CameraAPIIf& camera, const std::size_t thread) const {
-        std::size_t differences = 0;
-        for (std::size_t i = 0; i < rounds * mCalls.size(); ++i) {
-            const std::size_t slot = (i * 7 + thread * 5) % mCalls.size();
-            differences += std::size_t(mCalls[slot].run(camera) != mExpected[slot]);
-        }
-        return differences;
-    }
-
-    /// Runs differencesOf in all threads at once; cameraOfThread(thread) is the service that a thread uses.
-    template <class CameraOfThread>
-    void expectNoDifferences(const CameraOfThread& cameraOfThread) {
-        std::atomic<bool> go = false;
+    /// Runs work(thread), which counts differences, in all threads at once.
+    template <class Work>
+    static void expectNoDifferences(const Work& work) {
         std::vector<std::size_t> differences(threadCount, 1);
         std::vector<std::thread> threads;
         for (std::size_t thread = 0; thread < threadCount; ++thread) {
-            threads.emplace_back([&, thread] {
-                go.wait(false);
-                differences[thread] = differencesOf(cameraOfThread(thread), thread);
-            });
+            threads.emplace_back([&, thread] { differences[thread] = work(thread); });
         }
-        go = true;
-        go.notify_all();
         for (std::thread& thread : threads) {
             thread.join();
         }
         EXPECT_EQ(differences, std::vector<std::size_t>(threadCount, 0));
     }
 
+    /// All threads in the same operation at the same time, neighbours with different arguments, and so through all
+    /// operations; cameraOfThread(thread) is the service that a thread uses.
+    template <class CameraOfThread>
+    void expectNoDifferencesInStep(const CameraOfThread& cameraOfThread) const {
+        std::barrier together(static_cast<std::ptrdiff_t>(threadCount));
+        expectNoDifferences([&](const std::size_t thread) {
+            std::size_t differences = 0;
+            for (const auto& sets : mCalls) {
+                together.arrive_and_wait();
+                differences += sets[thread % 2].differences(cameraOfThread(thread), callsAtOnce);
+            }
+            return differences;
+        });
+    }
+
+    /// Each thread from another operation on, in an order that mixes them.
+    [[nodiscard]] std::size_t differencesInTurn(CameraAPIIf& camera, const std::size_t thread) const {
+        constexpr std::size_t turns = 10;
+        std::size_t differences = 0;
+        for (std::size_t i = 0; i < turns * mCalls.size(); ++i) {
+            const auto& sets = mCalls[(i * 7 + thread * 5) % mCalls.size()];
+            differences += sets[(thread + i) % 2].differences(camera, std::max<std::size_t>(callsAtOnce / 20, 1));
+        }
+        return differences;
+    }
+
     LoadedService mService;
-    std::vector<PreparedCall> mCalls = allCalls(Samples(*mService));
-    std::vector<std::string> mExpected;
+    std::vector<std::array<RepeatedCall, 2>> mCalls = repeatedCalls(*mService);
 };
 
+TEST_F(Threads, CallsDifferInTheirResultsWhereTheyHaveArguments) {
+    EXPECT_EQ(mCalls.size(), 79U + 3U);
+    for (const auto& [first, second] : mCalls) {
+        const bool hasArguments = first.name.find("Default") == std::string::npos && first.name.find("getC") != 0;
+        EXPECT_EQ(first.expected != second.expected, hasArguments) << first.name;
+    }
+}
+
 TEST_F(Threads, ShareOneInstance) {
-    expectNoDifferences([&](std::size_t) -> CameraAPIIf& { return *mService; });
+    expectNoDifferencesInStep([&](std::size_t) -> CameraAPIIf& { return *mService; });
+}
+
+TEST_F(Threads, ShareOneInstanceInDifferentOperations) {
+    expectNoDifferences([&](const std::size_t thread) { return differencesInTurn(*mService, thread); });
 }
 
 TEST_F(Threads, UseSeveralInstancesWhileOthersComeAndGo) {
-    std::vector<std::unique_ptr<base::BaseAPIIf>> instances;
-    for (std::size_t i = 0; i < 3; ++i) {
-        instances.push_back(mService.module().create());
+    std::array<std::unique_ptr<base::BaseAPIIf>, 3> instances;
+    for (auto& instance : instances) {
+        instance = mService.module().create();
     }
-    std::atomic<bool> stop = false;
-    std::size_t wrongNames = 0;
-    std::thread others([&] {
-        while (!stop) {
+    std::atomic<std::size_t> differencesOfOthers = 0;
+    {
+        const Meanwhile others(3, [&](const std::size_t i) {
             const std::unique_ptr<base::BaseAPIIf> instance = mService.module().create();
-            base::StringResult name;
-            instance->getComponentName(name);
-            wrongNames += std::size_t(name.mValue != "CameraAPI");
-        }
-    });
-    expectNoDifferences(
-        [&](const std::size_t thread) -> CameraAPIIf& { return cameraOf(instances[thread % instances.size()].get()); });
-    stop = true;
-    others.join();
-    EXPECT_EQ(wrongNames, 0U);
+            for (const std::size_t operation : {i, mCalls.size() - 1 - i}) {
+                differencesOfOthers += mCalls[operation][i % 2].differences(cameraOf(instance.get()), 1);
+            }
+        });
+        expectNoDifferencesInStep([&](const std::size_t thread) -> CameraAPIIf& {
+            return cameraOf(instances[thread % instances.size()].get());
+        });
+    }
+    EXPECT_EQ(differencesOfOthers, 0U);
 }
 
-TEST_F(Threads, LoadAndUnloadWhileOthersWork) {
-    std::atomic<bool> stop = false;
-    std::size_t differences = 0;
-    std::thread others([&] {
-        while (!stop) {
-            const LoadedService another;
-            differences += std::size_t(mCalls.front().run(*another) != mExpected.front());
-        }
-    });
-    expectNoDifferences([&](std::size_t) -> CameraAPIIf& { return *mService; });
-    stop = true;
-    others.join();
-    EXPECT_EQ(differences, 0U);
+TEST_F(Threads, WorkWhileOthersLoadAndUnloadCopiesOfTheModule) {
+    std::array<ModuleCopy, 2> copies;
+    std::atomic<std::size_t> differencesOfOthers = 0;
+    std::atomic<std::size_t> stillLoaded = 0;
+    {
+        const Meanwhile others(copies.size(), [&](const std::size_t i) {
+            {
+                const LoadedService another(copies[i].file());
+                differencesOfOthers += std::size_t(another.module().factory() == mService.module().factory());
+                for (const auto& sets : mCalls) {
+                    differencesOfOthers += sets[i].differences(*another, 1);
+                }
+            }
+            stillLoaded += std::size_t(copies[i].isLoaded());
+        });
+        expectNoDifferences([&](const std::size_t thread) { return differencesInTurn(*mService, thread); });
+    }
+    EXPECT_EQ(differencesOfOthers, 0U);
+    EXPECT_EQ(stillLoaded, 0U);
 }
 
 } // namespace

@@ -15,14 +15,14 @@ namespace qel::api::camera::test {
 /// The module file that was built, loaded with nothing but dlopen: these tests look at the loading itself too.
 class LoadedModule {
 public:
-    LoadedModule() : mHandle(dlopen(CAMERA_MODULE_FILE, RTLD_NOW | RTLD_LOCAL)) {
+    explicit LoadedModule(const char* file = CAMERA_MODULE_FILE) : mHandle(dlopen(file, RTLD_NOW | RTLD_LOCAL)) {
         if (mHandle == nullptr) {
             throw std::runtime_error(dlerror());
         }
         mFactory = reinterpret_cast<base::CreateComponentInstance*>(dlsym(mHandle, base::createComponentInstanceName));
         if (mFactory == nullptr) {
             dlclose(mHandle);
-            throw std::runtime_error(std::string(CAMERA_MODULE_FILE) + " has no factory");
+            throw std::runtime_error(std::string(file) + " has no factory");
         }
     }
     ~LoadedModule() { dlclose(mHandle); }
@@ -47,7 +47,8 @@ inline CameraAPIIf& cameraOf(base::BaseAPIIf* instance) { return dynamic_cast<Ca
 /// One instance of the service and the module that it lives in, which goes last.
 class LoadedService {
 public:
-    LoadedService() : mInstance(mModule.create()), mCamera(cameraOf(mInstance.get())) {}
+    explicit LoadedService(const char* file = CAMERA_MODULE_FILE)
+        : mModule(file), mInstance(mModule.create()), mCamera(cameraOf(mInstance.get())) {}
 
     [[nodiscard]] const LoadedModule& module() const { return mModule; }
     CameraAPIIf& operator*() const { return mCamera; }
