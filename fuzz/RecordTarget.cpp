@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads a record of any kind from raw bytes over one of Thrift's protocols. Whatever could be read is printed, written
-// and read again, over each protocol: what comes back must be the same. Reading may take no more memory than a small
-// multiple of the bytes that are there, and may fail with Thrift's exceptions only.
+// Reads a record of any kind from raw bytes over one of Thrift's protocols. Reading may take no more memory than a
+// small multiple of the bytes that are there, and may fail with Thrift's exceptions only. Whatever could be read is
+// printed.
+//
+// What was read from a whole message must be what a plain reader takes from it, and what the records read by the
+// protocol's own calls. It is written over that protocol and another one, and what comes back must be the same to the
+// bit. So that this does not hold for want of messages, the target counts the records that arrived with content.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 #include <ostream>
 #include <span>
@@ -16,62 +22,56 @@
 #include <qel/api/camera/CameraAPIIf.h>
 
 #include <thrift/Thrift.h>
-#include <thrift/protocol/TBinaryProtocol.h>
-#include <thrift/protocol/TCompactProtocol.h>
-#include <thrift/protocol/TJSONProtocol.h>
 #include <thrift/transport/TBufferTransports.h>
 
 #include "Bytes.h"
 #include "Memory.h"
+#include "PlainReader.h"
+#include "RecordContents.h"
+#include "RecordKinds.h"
 #include "Require.h"
 
 namespace camera::fuzz {
 namespace {
 
-using namespace qel::api::base;
-using namespace qel::api::camera;
 using apache::thrift::TException;
-using apache::thrift::protocol::TBinaryProtocolT;
-using apache::thrift::protocol::TCompactProtocolT;
-using apache::thrift::protocol::TJSONProtocol;
-using apache::thrift::protocol::TNetworkLittleEndian;
 using apache::thrift::protocol::TProtocol;
 using apache::thrift::transport::TMemoryBuffer;
-using apache::thrift::transport::TTransport;
 
 /// A list of lists grows by doubling and its empty elements take 24 bytes for one on the wire; a message of any size
 /// may take the first part, for the protocol's own needs.
 constexpr std::size_t mostMemory(std::size_t size) { return 8192 + 128 * size; }
 
-constexpr std::size_t protocolCount = 5;
-constexpr std::size_t json = 2;
-
-std::shared_ptr<TProtocol> makeProtocol(std::size_t which, const std::shared_ptr<TMemoryBuffer>& buffer) {
-    switch (which) {
-    case 0: return std::make_shared<TBinaryProtocolT<TMemoryBuffer>>(buffer);
-    case 1: return std::make_shared<TCompactProtocolT<TMemoryBuffer>>(buffer);
-    case json: return std::make_shared<TJSONProtocol>(buffer);
-    case 3: return std::make_shared<TBinaryProtocolT<TTransport, TNetworkLittleEndian>>(buffer);
-    default: return std::make_shared<TCompactProtocolT<TTransport>>(buffer);
-    }
-}
-
 /// Reads records from bytes over one of the protocols.
 class Reader {
 public:
-    explicit Reader(std::size_t which)
-        : mBuffer(std::make_shared<TMemoryBuffer>(0)), mProtocol(makeProtocol(which, mBuffer)) {}
+    explicit Reader(std::size_t protocol, Road road = Road::own)
+        : mBuffer(std::make_shared<TMemoryBuffer>(0)), mProtocol(makeProtocol(protocol, mBuffer, road)) {}
+
+    /// Returns what the record says it has read.
+    template <class Record>
+    std::uint32_t read(Record& record, std::span<const std::uint8_t> bytes) {
+        show(bytes);
+        return record.read(mProtocol.get());
+    }
 
     template <class Record>
-    void read(Record& record, std::span<const std::uint8_t> bytes) {
+    void readPlainly(Record& record, std::span<const std::uint8_t> bytes) {
+        show(bytes);
+        PlainReader(*mProtocol).read(record);
+    }
+
+    /// Bytes that nothing has taken.
+    [[nodiscard]] std::uint32_t left() const { return mBuffer->available_read(); }
+
+private:
+    void show(std::span<const std::uint8_t> bytes) {
         // The buffer does not write into what it observes. Thrift adds to the pointer, which must not be null.
         static std::uint8_t nothing = 0;
         std::uint8_t* const data = bytes.empty() ? &nothing : const_cast<std::uint8_t*>(bytes.data());
         mBuffer->resetBuffer(data, static_cast<std::uint32_t>(bytes.size()), TMemoryBuffer::OBSERVE);
-        record.read(mProtocol.get());
     }
 
-private:
     std::shared_ptr<TMemoryBuffer> mBuffer;
     std::shared_ptr<TProtocol> mProtocol;
 };
@@ -79,8 +79,10 @@ private:
 /// Writes records over one of the protocols, and reads what it wrote.
 class Wire {
 public:
-    explicit Wire(std::size_t which)
-        : mBuffer(std::make_shared<TMemoryBuffer>()), mProtocol(makeProtocol(which, mBuffer)), mReader(which) {}
+    Wire(std::size_t protocol, Road road)
+        : mBuffer(std::make_shared<TMemoryBuffer>()),
+          mProtocol(makeProtocol(protocol, mBuffer, road)),
+          mReader(protocol, road) {}
 
     template <class Record>
     std::string write(const Record& record) {
@@ -91,10 +93,19 @@ public:
 
     template <class Record>
     void read(Record& record, const std::string& written) {
-        mReader.read(record, {reinterpret_cast<const std::uint8_t*>(written.data()), written.size()});
+        mReader.read(record, bytesOf(written));
+        require(mReader.left() == 0, "a record is read to its end");
+    }
+    template <class Record>
+    void readPlainly(Record& record, const std::string& written) {
+        mReader.readPlainly(record, bytesOf(written));
     }
 
 private:
+    static std::span<const std::uint8_t> bytesOf(const std::string& written) {
+        return {reinterpret_cast<const std::uint8_t*>(written.data()), written.size()};
+    }
+
     std::shared_ptr<TMemoryBuffer> mBuffer;
     std::shared_ptr<TProtocol> mProtocol;
     Reader mReader;
@@ -102,9 +113,12 @@ private:
 
 /// For messages that are well formed, made once. A protocol that has refused a message may be in any state, so bytes
 /// that nobody has checked get a reader of their own.
-std::array<Wire, protocolCount>& wires() {
-    static std::array<Wire, protocolCount> all{Wire(0), Wire(1), Wire(2), Wire(3), Wire(4)};
-    return all;
+Wire& wire(std::size_t protocol, Road road = Road::own) {
+    static std::array<Wire, protocolCount> own{Wire(0, Road::own), Wire(1, Road::own), Wire(2, Road::own),
+                                               Wire(3, Road::own), Wire(4, Road::own)};
+    static std::array<Wire, protocolCount> calls{Wire(0, Road::calls), Wire(1, Road::calls), Wire(2, Road::calls),
+                                                 Wire(3, Road::calls), Wire(4, Road::calls)};
+    return (road == Road::own ? own : calls)[protocol];
 }
 
 /// Keeps what is printed; cheaper than a string stream, whose making costs more than a small record's reading.
@@ -133,41 +147,92 @@ private:
     std::string mText;
 };
 
-/// What was written must be readable, and be written in the same bytes again; the binary protocols keep every bit and
-/// so the text too.
-///
-/// JSON in Thrift knows one NaN, without a sign, so there the text settles after the first reading; and its reader
-/// drops the zero bytes of a text, which its writer spells \\u0000, so there such a text settles after the first
-/// reading too.
+/// How many full records of each kind have come over each protocol.
+struct Arrivals {
+    std::array<std::array<std::size_t, protocolCount>, kindCount> read{};
+    std::array<std::array<std::size_t, protocolCount>, kindCount> written{};
+    std::size_t inputs = 0;
+};
+Arrivals arrivals;
+
+/// What was written must be readable, to the same bits, and be written in the same bytes again; by the records' own
+/// encoding as by the protocol's calls.
 template <class Record>
 void requireStable(const Record& record, std::size_t protocol) {
-    Wire& wire = wires()[protocol];
-    std::string written = wire.write(record);
+    const bool inJson = protocol == json;
+    const std::string written = wire(protocol).write(record);
     Record again;
-    wire.read(again, written);
-    if (protocol == json) {
-        if (written.find("\\u0000") != std::string::npos) {
-            written = wire.write(again);
-        }
+    wire(protocol).read(again, written);
+    const Record expected = arrived(record);
+    if (inJson) {
+        require(Contents::of(asJsonCarries(again)) == Contents::of(asJsonCarries(expected)),
+                "what was written in JSON is read as it was");
     } else {
-        require(Page::of(again) == Page::of(record), "what was read is printed as it was");
+        require(Contents::of(again) == Contents::of(expected), "what was written is read as it was");
     }
-    require(wire.write(again) == written, "what was read is written as it was");
+    // The zero bytes of a text in JSON are written, and not read.
+    const bool isCarried = !inJson || written.find("\\u0000") == std::string::npos;
+    require(wire(protocol).write(again) == (isCarried ? written : wire(protocol).write(asJsonCarries(expected))),
+            "what was read is written as it was");
+    require(inJson || Page::of(again) == Page::of(record), "what was read is printed as it was");
+
     Record third;
-    wire.read(third, written);
+    if (inJson) { // has no road but that of the calls
+        wire(protocol).readPlainly(third, written);
+    } else {
+        require(wire(protocol, Road::calls).write(record) == written, "both roads write the same");
+        wire(protocol, Road::calls).read(third, written);
+    }
+    require(Contents::of(third) == Contents::of(again), "what was written is read the same in another way");
     require(Page::of(third) == Page::of(again), "the same bytes give the same text");
 }
 
+/// A message that was read whole, read in other ways.
 template <class Record>
-void readAndWrite(std::size_t protocol, std::uint8_t alsoOver, std::span<const std::uint8_t> bytes) {
+void requireReadOtherwise(std::size_t protocol, std::span<const std::uint8_t> bytes, const Record& record,
+                          std::uint32_t left) {
+    if (protocol != json) {
+        Reader calls(protocol, Road::calls);
+        Record called;
+        try {
+            calls.read(called, bytes);
+        } catch (const TException&) {
+            broken("both roads take the same messages");
+        }
+        require(Contents::of(called) == Contents::of(record), "both roads read the same");
+        require(calls.left() == left, "both roads take the same bytes");
+    }
+    Reader plain(protocol);
+    Record expected;
+    plain.readPlainly(expected, bytes);
+    require(Contents::of(record) == Contents::of(expected), "a record holds what stands in the message");
+    require(plain.left() == left, "a record takes its own bytes");
+}
+
+/// A record that has kept a part of a message reads the next one like any other.
+template <class Record>
+void requireOfUse(Record& record) {
+    const Record pristine;
+    const std::string written = wire(0).write(pristine);
+    wire(0).read(record, written);
+    dropOptional(record); // the one field that a message may lack, and which then stays as it was
+    require(Contents::of(record) == Contents::of(arrived(pristine)), "a record is of use after a failed reading");
+}
+
+template <std::size_t kind>
+void readAndWrite(std::size_t protocol, std::size_t otherProtocol, std::span<const std::uint8_t> bytes) {
+    using Record = std::tuple_element_t<kind, RecordKinds>;
     Record record;
     bool complete = false;
+    std::uint32_t left = 0;
     {
         Reader reader(protocol);
         const Memory memory;
         try {
-            reader.read(record, bytes);
+            const std::uint32_t count = reader.read(record, bytes);
             complete = true;
+            left = reader.left();
+            require(count == bytes.size() - left, "a record tells how many bytes it took");
         } catch (const TException&) {
             // Malformed, and said so. What was read until then is a valid record.
         }
@@ -176,38 +241,33 @@ void readAndWrite(std::size_t protocol, std::uint8_t alsoOver, std::span<const s
     require(!Page::of(record).empty(), "whatever was read can be printed");
     Record copy(record);
     copy = std::move(record);
-    if (complete) {
-        requireStable(copy, protocol);
-        requireStable(copy, alsoOver % protocolCount);
-    } else {
-        const Record pristine;
-        Wire& wire = wires().front();
-        const std::string written = wire.write(pristine);
-        wire.read(copy, written);
-        require(wire.write(copy).size() >= written.size(), "a record is of use after a failed reading");
+    if (!complete) {
+        requireOfUse(copy);
+        return;
+    }
+    requireReadOtherwise(protocol, bytes, copy, left);
+    requireStable(copy, protocol);
+    requireStable(copy, otherProtocol);
+    if (isFull(copy)) {
+        ++arrivals.read[kind][protocol];
+        ++arrivals.written[kind][protocol];
+        arrivals.written[kind][otherProtocol] += protocol != otherProtocol ? 1 : 0;
     }
 }
 
-using Target = void (*)(std::size_t protocol, std::uint8_t alsoOver, std::span<const std::uint8_t> bytes);
+using Target = void (*)(std::size_t protocol, std::size_t otherProtocol, std::span<const std::uint8_t> bytes);
 
-constexpr std::array<Target, 18> targets{readAndWrite<ServiceResult>,
-                                         readAndWrite<StringResult>,
-                                         readAndWrite<Vector>,
-                                         readAndWrite<Quaternion>,
-                                         readAndWrite<Matrix>,
-                                         readAndWrite<Frustum>,
-                                         readAndWrite<Viewport>,
-                                         readAndWrite<ViewState>,
-                                         readAndWrite<ProjectionState>,
-                                         readAndWrite<SurfaceState>,
-                                         readAndWrite<PlanarCameraState>,
-                                         readAndWrite<VectorResult>,
-                                         readAndWrite<MatrixResult>,
-                                         readAndWrite<ViewStateResult>,
-                                         readAndWrite<ProjectionStateResult>,
-                                         readAndWrite<SurfaceStateResult>,
-                                         readAndWrite<PlanarCameraStateResult>,
-                                         readAndWrite<DoubleResult>};
+template <std::size_t... kinds>
+constexpr std::array<Target, kindCount> targetsOf(std::index_sequence<kinds...>) {
+    return {readAndWrite<kinds>...};
+}
+constexpr std::array<Target, kindCount> targets = targetsOf(std::make_index_sequence<kindCount>());
+
+template <std::size_t... kinds>
+constexpr std::array<const char*, kindCount> namesOf(std::index_sequence<kinds...>) {
+    return {qel::api::FieldTable<std::tuple_element_t<kinds, RecordKinds>>::recordName...};
+}
+constexpr std::array<const char*, kindCount> kindNames = namesOf(std::make_index_sequence<kindCount>());
 
 } // namespace
 } // namespace camera::fuzz
@@ -216,8 +276,30 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace camera::fuzz;
     Bytes bytes(data, size);
     const std::uint8_t kind = bytes.byte();
-    const std::uint8_t protocols = bytes.byte();
-    targets[kind % targets.size()](protocols % protocolCount, static_cast<std::uint8_t>(protocols / protocolCount),
-                                   bytes.rest());
+    const std::size_t protocols = bytes.byte();
+    ++arrivals.inputs;
+    targets[kind % kindCount](protocols % protocolCount, protocols / protocolCount % protocolCount, bytes.rest());
     return 0;
+}
+
+/// Every kind of record has been read and written whole over every protocol, by one in so many inputs.
+extern "C" bool fuzzReachedEverything() {
+    using namespace camera::fuzz;
+    const std::size_t least = 1 + arrivals.inputs / 10000;
+    std::size_t fewestRead = arrivals.inputs;
+    bool reached = true;
+    for (std::size_t kind = 0; kind < kindCount; ++kind) {
+        for (std::size_t protocol = 0; protocol < protocolCount; ++protocol) {
+            const std::size_t read = arrivals.read[kind][protocol];
+            const std::size_t written = arrivals.written[kind][protocol];
+            fewestRead = std::min(fewestRead, read);
+            if (read < least || written < least) {
+                reached = false;
+                std::fprintf(stderr, "full %s over %s: read %zu times and written %zu times, want %zu\n",
+                             kindNames[kind], protocolNames[protocol], read, written, least);
+            }
+        }
+    }
+    std::printf("every record over every protocol: full at least %zu times\n", fewestRead);
+    return reached;
 }

@@ -23,7 +23,16 @@ namespace {
 
 using Input = std::vector<std::uint8_t>;
 
-constexpr std::size_t longestInput = 128;
+constexpr std::size_t longInput = 64; ///< bytes; what is longer is mostly changed in place
+
+/// Mutated inputs may grow a little beyond the longest of the corpora, so that one is not cut whenever it grows.
+std::size_t longestOf(const std::vector<Input>& inputs) {
+    std::size_t longest = 0;
+    for (const Input& input : inputs) {
+        longest = std::max(longest, input.size());
+    }
+    return std::max<std::size_t>(longest + longest / 4, 128);
+}
 
 /// splitmix64.
 class Random {
@@ -63,7 +72,27 @@ std::vector<Input> readCorpora(const std::vector<std::string>& folders) {
     return inputs;
 }
 
-Input mutated(Input input, const std::vector<Input>& others, Random& random) {
+/// Changes one bit, one byte, or a few bytes into those of another input: most of what a long message says stays.
+void changeInPlace(Input& input, const std::vector<Input>& others, Random& random) {
+    const std::size_t at = random.below(input.size());
+    switch (random.below(3)) {
+    case 0: input[at] ^= static_cast<std::uint8_t>(1U << random.below(8)); break;
+    case 1: input[at] = random.byte(); break;
+    default: {
+        const Input& other = others[random.below(others.size())];
+        const std::size_t from = random.below(other.size() + 1);
+        const std::size_t size = std::min({1 + random.below(16), other.size() - from, input.size() - at});
+        std::copy_n(other.begin() + static_cast<std::ptrdiff_t>(from), size,
+                    input.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+    }
+}
+
+Input mutated(Input input, const std::vector<Input>& others, std::size_t longest, Random& random) {
+    if (input.size() > longInput && random.below(4) != 0) {
+        changeInPlace(input, others, random);
+        return input;
+    }
     for (std::size_t i = 1 + random.below(4); i > 0; --i) {
         const auto at = static_cast<std::ptrdiff_t>(random.below(input.size() + 1));
         switch (random.below(5)) {
@@ -85,7 +114,7 @@ Input mutated(Input input, const std::vector<Input>& others, Random& random) {
             }
         }
     }
-    input.resize(std::min(input.size(), longestInput));
+    input.resize(std::min(input.size(), longest));
     return input;
 }
 
@@ -113,10 +142,11 @@ int main(int count, char** arguments) {
     for (const Input& input : inputs) {
         LLVMFuzzerTestOneInput(input.data(), input.size());
     }
+    const std::size_t longest = longestOf(inputs);
     Random random;
     for (std::size_t i = 0; i < runs; ++i) {
         // In memory of its own size, so that the address sanitizer sees its end.
-        const Input input = mutated(inputs[random.below(inputs.size())], inputs, random);
+        const Input input = mutated(inputs[random.below(inputs.size())], inputs, longest, random);
         const Input exact(input.begin(), input.end());
         LLVMFuzzerTestOneInput(exact.data(), exact.size());
     }
