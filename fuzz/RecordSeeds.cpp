@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <ios>
@@ -183,7 +184,7 @@ bool checkSeeds(const std::filesystem::path& folder) {
 } // namespace
 } // namespace camera::fuzz
 
-int main(int count, char** arguments) {
+int main(int count, char** arguments) try {
     const std::string_view mode = count == 3 ? arguments[1] : "";
     if (mode == "--write") {
         return camera::fuzz::writeSeeds(arguments[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -192,5 +193,8 @@ int main(int count, char** arguments) {
         return camera::fuzz::checkSeeds(arguments[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
     }
     std::fprintf(stderr, "wants --write FOLDER or --check FOLDER\n");
+    return EXIT_FAILURE;
+} catch (const std::exception& exception) {
+    std::fprintf(stderr, "%s\n", exception.what());
     return EXIT_FAILURE;
 }
