@@ -21,6 +21,7 @@
 #include "Arguments.h"
 #include "Bytes.h"
 #include "Expectations.h"
+#include "Reached.h"
 #include "Require.h"
 #include "SameBits.h"
 #include "States.h"
@@ -32,6 +33,8 @@ namespace {
 
 constexpr std::size_t operationCount = api::operationCount;
 constexpr std::size_t mostSteps = 12;
+
+Reached reached;
 
 /// Holds an argument: a state of the pool by reference, anything else by value.
 template <class Argument, bool = isState<std::remove_cvref_t<Argument>>>
@@ -130,6 +133,7 @@ void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>&
         }
     }
     result.mResult = {};
+    reached.count(slot, fails);
 }
 
 using Call = void (*)(api::CameraAPIIf&, States&, Bytes&);
@@ -151,6 +155,7 @@ void identify(api::CameraAPIIf& service, std::uint8_t which) {
     }
     static const std::array<std::string, 3> answers{"CameraAPI", "", CAMERA_COMPONENT_VERSION};
     require(result.mResult.mError == 0 && result.mValue == answers[which % 3], "the component says who it is");
+    reached.count(operationCount + which % 3, false);
 }
 
 /// Changes one of the images: a number, single bytes, its length, or all of it for another state's.
@@ -209,6 +214,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const States pristine = defaultStates(service);
     static States states;
     states.restore(pristine);
+    reached.countInput();
 
     Bytes bytes(data, size);
     for (std::size_t step = 0; step < mostSteps && !bytes.empty(); ++step) {
@@ -225,3 +231,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+extern "C" bool fuzzReachedEverything() { return camera::fuzz::reached.everything(); }
