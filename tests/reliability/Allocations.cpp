@@ -2,6 +2,7 @@
 #include "Allocations.h"
 
 #include <atomic>
+#include <cerrno>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -32,6 +33,19 @@ bool mustFail() {
     return fails;
 }
 
+void* counted(void* const block) {
+    if (block != nullptr) {
+        blocks.fetch_add(1, std::memory_order_relaxed);
+    }
+    return block;
+}
+
+void uncount(const void* const block) {
+    if (block != nullptr) {
+        blocks.fetch_sub(1, std::memory_order_relaxed);
+    }
+}
+
 } // namespace
 
 Allocations::Allocations(const Fail fail, const std::size_t first) { watch = {true, fail, first, 0, 0}; }
@@ -43,7 +57,7 @@ std::ptrdiff_t heldBlocks() { return blocks.load(); }
 
 namespace {
 
-constexpr bool mallocIsReplaced = CAMERA_REPLACE_MALLOC != 0;
+constexpr bool mallocIsReplaced = CAMERA_REPLACE_MALLOC != 0; // and so fails and counts by itself
 
 void* allocate(const std::size_t size, const std::size_t alignment) noexcept {
     if (!mallocIsReplaced && mustFail()) {
@@ -52,10 +66,7 @@ void* allocate(const std::size_t size, const std::size_t alignment) noexcept {
     void* const block = alignment <= __STDCPP_DEFAULT_NEW_ALIGNMENT__
                             ? std::malloc(size == 0 ? 1 : size)
                             : std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
-    if (block != nullptr) {
-        blocks.fetch_add(1, std::memory_order_relaxed);
-    }
-    return block;
+    return mallocIsReplaced ? block : counted(block);
 }
 
 void* allocateOrThrow(const std::size_t size, const std::size_t alignment) {
@@ -66,26 +77,62 @@ void* allocateOrThrow(const std::size_t size, const std::size_t alignment) {
 }
 
 void release(void* const block) noexcept {
-    if (block != nullptr) {
-        blocks.fetch_sub(1, std::memory_order_relaxed);
-        std::free(block);
+    if (!mallocIsReplaced) {
+        uncount(block);
     }
+    std::free(block);
 }
 
 constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 
 } // namespace
 
-/// What the replaced malloc asks.
-bool mallocMustFail() { return mustFail(); }
-
 } // namespace qel::test
 
 #if CAMERA_REPLACE_MALLOC
+// All that a block can come from, since any of them may end in free.
+#define CAMERA_VISIBLE __attribute__((visibility("default")))
 extern "C" {
-void* __libc_malloc(std::size_t size); // glibc's own
-__attribute__((visibility("default"))) void* malloc(std::size_t size) {
-    return qel::test::mallocMustFail() ? nullptr : __libc_malloc(size);
+// glibc's own.
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+void __libc_free(void* block);
+
+CAMERA_VISIBLE void* malloc(std::size_t size) noexcept {
+    return qel::test::mustFail() ? nullptr : qel::test::counted(__libc_malloc(size));
+}
+CAMERA_VISIBLE void* calloc(std::size_t count, std::size_t size) noexcept {
+    return qel::test::mustFail() ? nullptr : qel::test::counted(__libc_calloc(count, size));
+}
+CAMERA_VISIBLE void* realloc(void* block, std::size_t size) noexcept {
+    if (qel::test::mustFail()) {
+        return nullptr;
+    }
+    void* const moved = __libc_realloc(block, size);
+    if (moved != nullptr || size == 0) { // else the old block stays
+        qel::test::uncount(block);
+    }
+    return qel::test::counted(moved);
+}
+CAMERA_VISIBLE void* memalign(std::size_t alignment, std::size_t size) noexcept {
+    return qel::test::mustFail() ? nullptr : qel::test::counted(__libc_memalign(alignment, size));
+}
+CAMERA_VISIBLE void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
+    return memalign(alignment, size);
+}
+CAMERA_VISIBLE int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
+    void* const aligned = memalign(alignment, size);
+    if (aligned == nullptr) {
+        return ENOMEM;
+    }
+    *block = aligned;
+    return 0;
+}
+CAMERA_VISIBLE void free(void* block) noexcept {
+    qel::test::uncount(block);
+    __libc_free(block);
 }
 }
 #endif

@@ -3,14 +3,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
-#include <tuple>
+#include <utility>
+#include <vector>
 
 #include <qel/api/base/BaseAPIIf.h>
 
 #include "Allocations.h"
+#include "PartlyWritten.h"
 #include "support/Calls.h"
 #include "support/LoadedModule.h"
 #include "support/RecordFields.h"
@@ -71,9 +75,10 @@ protected:
         Result fresh;
         invoke(fresh);
         const std::string expected = fingerprint(fresh.mValue);
+        const Result before = start();
         for (std::size_t n = 1; n <= mostAllocations; ++n) {
             SCOPED_TRACE(std::string(slots[slot].operation) + ", allocation " + std::to_string(n));
-            const std::ptrdiff_t before = heldBlocks();
+            const std::ptrdiff_t held = heldBlocks();
             bool passed = false;
             {
                 Result result = start();
@@ -84,6 +89,7 @@ protected:
                 if (!passed) {
                     fail == Fail::one ? expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage)
                                       : expectCodeAlone(result.mResult, failureCode(slot));
+                    expectOldOrNew(result.mValue, before.mValue, fresh.mValue, "mValue");
                     const Result copy = result; // touches all that the payload holds
                     EXPECT_EQ(fingerprint(copy), fingerprint(result));
                     result.mResult = base::ServiceResult();
@@ -92,7 +98,7 @@ protected:
                 EXPECT_EQ(result.mResult.mError, 0);
                 EXPECT_EQ(fingerprint(result.mValue), expected) << "the same call right after";
             }
-            EXPECT_EQ(heldBlocks(), before) << "blocks held";
+            EXPECT_EQ(heldBlocks(), held) << "blocks held";
             if (passed || HasFailure()) {
                 return n - 1;
             }
@@ -104,6 +110,26 @@ protected:
     LoadedService mService;
     Samples mSamples{*mService};
 };
+
+TEST_F(MemoryRunsOut, BlocksAreCountedFromEitherSide) {
+    const std::ptrdiff_t before = heldBlocks();
+    const std::vector<double> list(3);
+    EXPECT_EQ(heldBlocks(), before + 1);
+    if (CAMERA_REPLACE_MALLOC) {
+        void* const block = std::malloc(8);
+        EXPECT_EQ(heldBlocks(), before + 2);
+        void* const cleared = std::calloc(2, 8);
+        EXPECT_EQ(heldBlocks(), before + 3);
+        void* const aligned = std::aligned_alloc(64, 64);
+        EXPECT_EQ(heldBlocks(), before + 4);
+        void* const moved = std::realloc(block, 10000);
+        EXPECT_EQ(heldBlocks(), before + 4);
+        std::free(moved);
+        std::free(cleared);
+        std::free(aligned);
+        EXPECT_EQ(heldBlocks(), before + 1);
+    }
+}
 
 TEST_F(MemoryRunsOut, HookReachesIntoTheModule) {
     ViewStateResult result;
@@ -131,29 +157,38 @@ TEST_F(MemoryRunsOut, FreshResultGetsTheCodeAloneWhereNothingIsLeftForTheMessage
 TEST_F(MemoryRunsOut, UsedResultNeedsNoMemoryAtAll) {
     std::size_t failures = 0;
     forEachOperation([&](const std::size_t slot, const auto& operation) {
-        const auto used = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
+        // Shaped like the answer, and other than it in every number and byte.
+        auto used = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
+        makeOther(used.mValue);
         failures += exhaust(slot, operation, Fail::allFrom, [&] { return used; });
     });
     EXPECT_EQ(failures, 0U);
 }
 
 TEST_F(MemoryRunsOut, ResultPartlyWrittenBeforeIsCompletedOrLeftValid) {
+    std::size_t failures = 0;
     forEachOperation([&](const std::size_t slot, const auto& operation) {
-        // Every list of the payload one too short, so that each grows again.
         auto shrunk = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
-        std::vector<Matrix*> matrices;
-        collectParts(shrunk.mValue, matrices);
-        for (Matrix* matrix : matrices) {
-            matrix->mData = std::vector<std::vector<double>>(2, std::vector<double>(1));
-        }
-        std::vector<Vector*> vectors;
-        collectParts(shrunk.mValue, vectors);
-        for (Vector* vector : vectors) {
-            vector->mData = std::vector<double>(1);
-        }
-        exhaust(slot, operation, Fail::one, [&] { return shrunk; });
-        exhaust(slot, operation, Fail::allFrom, [&] { return shrunk; });
+        makeOther(shrunk.mValue);
+        makeTooShort(shrunk.mValue);
+        failures += exhaust(slot, operation, Fail::one, [&] { return shrunk; });
+        failures += exhaust(slot, operation, Fail::allFrom, [&] { return shrunk; });
     });
+    EXPECT_GT(failures, 79U * 4U * 2U) << "every list grows";
+}
+
+TEST_F(MemoryRunsOut, MatrixThatIsItsOwnArgumentIsLeftAloneWhereItCannotBeCopied) {
+    for (std::size_t n = 1; n <= 5; ++n) { // the list of rows and the rows
+        MatrixResult result;
+        result.mValue = matrixOf({{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}});
+        const Matrix before = result.mValue;
+        Allocations allocations(Fail::allFrom, n);
+        mService->utilsConvertMatrixFromRowMajorToColumnMajor(result, result.mValue);
+        allocations.stop();
+        EXPECT_NE(allocations.failed(), 0U);
+        expectCodeAlone(result.mResult, 4);
+        EXPECT_EQ(fingerprint(result.mValue), fingerprint(before));
+    }
 }
 
 TEST_F(MemoryRunsOut, OlderMessageIsNotTakenForTheNewFailures) {
@@ -209,15 +244,20 @@ TEST_F(MemoryRunsOut, CallThatFailsAnywayKeepsItsCodeWhateverElseFails) {
 
 TEST_F(MemoryRunsOut, IdentityNeedsNoMemory) {
     // The texts are short enough to live inside the record.
-    for (const auto identify : {&base::BaseAPIIf::getComponentName, &base::BaseAPIIf::getComponentVariant,
-                                &base::BaseAPIIf::getComponentVersion}) {
+    const std::initializer_list<std::pair<void (base::BaseAPIIf::*)(base::StringResult&), const char*>> answers{
+        {&base::BaseAPIIf::getComponentName, "CameraAPI"},
+        {&base::BaseAPIIf::getComponentVariant, ""},
+        {&base::BaseAPIIf::getComponentVersion, CAMERA_VERSION}};
+    for (const auto& [identify, value] : answers) {
         base::StringResult result;
         result.mResult = olderError();
+        result.__set_mValue("a value from before that is too long to fit in the string object itself");
         Allocations allocations(Fail::allFrom, 1);
         ((*mService).*identify)(result);
         allocations.stop();
         EXPECT_EQ(allocations.asked(), 0U);
-        EXPECT_EQ(result.mResult.mError, 0);
+        EXPECT_EQ(result.mValue, value);
+        expectSuccess(result);
     }
 }
 
