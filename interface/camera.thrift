@@ -166,9 +166,11 @@ struct DoubleResult {
  * The service keeps nothing between calls: an operation takes complete states and returns the new state or
  * the computed value in mValue and the outcome in mResult. A failed call has the code
  * CAMERA_API_ERROR_UNKNOWN and the message "Call to <operation>() failed." (or "Unable to create ...
- * object." for those that create); it fails when an mPrivate is shorter than its image, or a Vector,
- * Quaternion or Matrix too short. Degenerate numbers are no errors: "unchanged when" means success with
- * the state as it came. Comparisons are meant as written, so NaN passes them.
+ * object." for those that create), unless the operation names others. It fails when an mPrivate is shorter
+ * than its image, when a Vector, Quaternion or Matrix is too short, or when memory runs out. Where there is
+ * no memory even for the message, the code alone is set and the message is absent. The value is a valid
+ * record even so, perhaps partly written. Degenerate numbers are no errors: "unchanged when" means success
+ * with the state as it came. Comparisons are meant as written, so NaN passes them.
  *
  * Angles are radians, world space is right-handed, positive turns run counterclockwise seen from the tip
  * of their axis. The view looks along its negative z axis, x to the right, y up. A screen position is a
@@ -526,7 +528,8 @@ service CameraAPI extends base.BaseAPI {
 
     /**
      * Swings eye and view about the world point pivot as if a ball were dragged from pixel (x1, y1) to (x2,
-     * y2): Shoemake's arcball with Bell's hyperbolic sheet. Equal pixels change nothing.
+     * y2): Shoemake's arcball with Bell's hyperbolic sheet. Equal pixels change nothing. Fails when the
+     * surface's resolution y is 0 (a forged image).
      */
     PlanarCameraStateResult planarCameraArcballRotation(
         1: PlanarCameraState state, 2: Vector pivot, 3: i32 x1, 4: i32 y1, 5: i32 x2, 6: i32 y2)
