@@ -25,6 +25,7 @@ concept HasImage = requires(const Type& value) {
 struct Item {
     std::uint64_t bits = 0;
     bool isNumber = false;
+    std::size_t part = 0; ///< numbers of one vector, matrix or frustum, there or in an image, have the same
 
     [[nodiscard]] double number() const { return std::bit_cast<double>(bits); }
 };
@@ -63,31 +64,58 @@ inline std::uint64_t bytesAt(const std::string& text, const std::size_t offset) 
     return bits;
 }
 
-/// All that a record holds, in order. Two records are the same exactly when their items are.
-template <class Value>
-void collectItems(const Value& value, std::vector<Item>& items) {
-    if constexpr (api::camera::test::IsRecord<Value>) {
-        api::camera::test::forEachField(value, [&](const auto& field, const auto& member) {
-            items.push_back({field.isSet(value) ? 1U : 0U});
-            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(member)>, std::string>) {
-                items.push_back({member.size()});
-                for (std::size_t i = 0; i < member.size(); i += 8) {
-                    items.push_back({bytesAt(member, i), !isWordAt(value, i)});
+/// All that a value holds, in order. Two are the same exactly when their items are.
+class Contents {
+public:
+    template <class Value>
+    explicit Contents(const Value& value) {
+        add(value);
+    }
+
+    [[nodiscard]] const std::vector<Item>& items() const { return mItems; }
+
+private:
+    template <class Value>
+    void add(const Value& value) {
+        if constexpr (api::camera::test::IsRecord<Value>) {
+            ++mPart;
+            api::camera::test::forEachField(value, [&](const auto& field, const auto& member) {
+                addWord(field.isSet(value) ? 1U : 0U);
+                if constexpr (std::is_same_v<std::remove_cvref_t<decltype(member)>, std::string>) {
+                    addText(value, member);
+                } else {
+                    add(member);
                 }
-            } else {
-                collectItems(member, items);
+            });
+        } else if constexpr (std::is_same_v<Value, double>) {
+            mItems.push_back({std::bit_cast<std::uint64_t>(value), true, mPart});
+        } else if constexpr (std::is_arithmetic_v<Value> || std::is_enum_v<Value>) {
+            addWord(static_cast<std::uint32_t>(value));
+        } else {
+            addWord(value.size());
+            for (const auto& element : value) {
+                add(element);
             }
-        });
-    } else if constexpr (std::is_same_v<Value, double>) {
-        items.push_back({std::bit_cast<std::uint64_t>(value), true});
-    } else if constexpr (std::is_arithmetic_v<Value> || std::is_enum_v<Value>) {
-        items.push_back({static_cast<std::uint32_t>(value)});
-    } else {
-        items.push_back({value.size()});
-        for (const auto& element : value) {
-            collectItems(element, items);
         }
     }
-}
+
+    template <class Record>
+    void addText(const Record& record, const std::string& text) {
+        addWord(text.size());
+        for (std::size_t i = 0; i < text.size(); i += 8) {
+            if (isWordAt(record, i)) {
+                addWord(bytesAt(text, i));
+                ++mPart;
+            } else {
+                mItems.push_back({bytesAt(text, i), true, mPart});
+            }
+        }
+    }
+
+    void addWord(const std::uint64_t bits) { mItems.push_back({bits, false, mPart}); }
+
+    std::vector<Item> mItems;
+    std::size_t mPart = 0;
+};
 
 } // namespace qel::test

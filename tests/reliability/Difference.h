@@ -30,43 +30,46 @@ inline std::uint64_t unitsApart(const double a, const double b) {
 /// How far two results are apart.
 struct Difference {
     std::uint64_t units = 0; ///< most units in the last place between two of their numbers
-    double share = 0.0;      ///< largest difference, as a share of the largest finite number in them
+    double roundings = 0.0;  ///< largest difference, in 2^-52 of the largest number of the vector, matrix or frustum
 
     [[nodiscard]] bool none() const { return units == 0; }
 };
 
-/// Anything but a finite number that differs is as far apart as can be.
+/// A word, a length or a flag that differs, and a number that is finite on one side alone, is as far apart as can be.
 template <class Record>
 Difference differenceOf(const Record& a, const Record& b) {
     constexpr Difference everything{std::numeric_limits<std::uint64_t>::max(), std::numeric_limits<double>::infinity()};
-    std::vector<Item> left;
-    std::vector<Item> right;
-    collectItems(a, left);
-    collectItems(b, right);
-    if (left.size() != right.size()) {
+    const Contents left(a);
+    const Contents right(b);
+    if (left.items().size() != right.items().size()) {
         return everything;
     }
+    std::vector<double> largest(left.items().size() + 1); // by part
+    std::vector<double> furthest(largest.size());
     Difference difference;
-    double largest = 0.0;
-    double furthest = 0.0;
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (!left[i].isNumber || !right[i].isNumber) {
-            if (left[i].bits != right[i].bits || left[i].isNumber != right[i].isNumber) {
+    for (std::size_t i = 0; i < left.items().size(); ++i) {
+        const Item& l = left.items()[i];
+        const Item& r = right.items()[i];
+        if (!l.isNumber || !r.isNumber) {
+            if (l.isNumber || r.isNumber || l.bits != r.bits) {
                 return everything;
             }
             continue;
         }
-        const double x = left[i].number();
-        const double y = right[i].number();
-        difference.units = std::max(difference.units, unitsApart(x, y));
-        if (std::isfinite(x) && std::isfinite(y)) {
-            largest = std::max({largest, std::fabs(x), std::fabs(y)});
-            furthest = std::max(furthest, std::fabs(x - y));
-        } else if (unitsApart(x, y) != 0) {
+        const std::uint64_t units = unitsApart(l.number(), r.number());
+        difference.units = std::max(difference.units, units);
+        if (std::isfinite(l.number()) && std::isfinite(r.number())) {
+            largest[l.part] = std::max({largest[l.part], std::fabs(l.number()), std::fabs(r.number())});
+            furthest[l.part] = std::max(furthest[l.part], std::fabs(l.number() - r.number()));
+        } else if (units != 0) {
             return everything;
         }
     }
-    difference.share = furthest == 0.0 ? 0.0 : furthest / largest;
+    for (std::size_t part = 0; part < largest.size(); ++part) {
+        if (furthest[part] != 0.0) {
+            difference.roundings = std::max(difference.roundings, furthest[part] / largest[part] * 0x1p52);
+        }
+    }
     return difference;
 }
 

@@ -145,8 +145,9 @@ private:
         // Now and then a default state, so that the row does not end in one far corner.
         state = mDraw.oneIn(8) ? std::get<State>(mDefaults) : poolOf(state)[below(8)];
         look(state);
-        if (mHostile && mDraw.oneIn(8)) { // one of its numbers, or two of its words
-            api::camera::test::putDouble(state.mPrivate, 8 * below(state.mPrivate.size() / 8), hostileNumber(mDraw));
+        if (mHostile && mDraw.oneIn(8)) {               // one of its numbers, or two of its words
+            const double forged = hostileNumber(mDraw); // by itself: which argument is made first is up to the compiler
+            api::camera::test::putDouble(state.mPrivate, 8 * below(state.mPrivate.size() / 8), forged);
         }
     }
 
