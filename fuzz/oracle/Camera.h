@@ -5,42 +5,10 @@
 #include <limits>
 
 #include "Projection.h"
+#include "Surface.h"
 #include "View.h"
 
 namespace camera::oracle {
-
-struct Surface {
-    std::array<Real, 6> viewport{}; ///< x, y, width, height, depth minimum, depth maximum
-    Matrix4 matrix{};
-    Matrix4 inverse{};
-    std::uint32_t resolutionX = 0;
-    std::uint32_t resolutionY = 0;
-
-    void update(const std::array<Real, 6>& newViewport, std::uint32_t x, std::uint32_t y) {
-        const auto& v = newViewport;
-        if (v[0] < 0.0L || v[0] > 1.0L || v[1] < 0.0L || v[1] > 1.0L || v[2] <= tolerance || v[3] <= tolerance ||
-            x == 0 || y == 0) {
-            return;
-        }
-        viewport = newViewport;
-        resize(x, y);
-    }
-
-    void resize(std::uint32_t x, std::uint32_t y) {
-        resolutionX = x != 0 ? x : resolutionX;
-        resolutionY = y != 0 ? y : resolutionY;
-        const Real rx = resolutionX, ry = resolutionY;
-        const auto [vx, vy, w, h, low, high] = viewport;
-        matrix = {{{w * rx / 2.0L, 0.0L, 0.0L, vx * rx + w * rx / 2.0L},
-                   {0.0L, h * ry / 2.0L, 0.0L, vy * ry + h * ry / 2.0L},
-                   {0.0L, 0.0L, (high - low) / 2.0L, (low + high) / 2.0L},
-                   {0.0L, 0.0L, 0.0L, 1.0L}}};
-        inverse = {{{2.0L / (rx * w), 0.0L, 0.0L, -(2.0L * vx / w + 1.0L)},
-                    {0.0L, 2.0L / (ry * h), 0.0L, -(2.0L * vy / h + 1.0L)},
-                    {0.0L, 0.0L, 2.0L / (high - low), -(low + high) / (high - low)},
-                    {0.0L, 0.0L, 0.0L, 1.0L}}};
-    }
-};
 
 struct ScreenPoint {
     std::int32_t x = 0;
@@ -53,36 +21,42 @@ struct Camera {
     Projection projection;
     Surface surface;
 
-    [[nodiscard]] Vector screenToView(Judgement& judge, const ScreenPoint& point) const {
-        Homogeneous device = product(surface.inverse, {Real(point.x), Real(point.y), point.depth, 1.0L});
+    friend bool operator==(const Camera&, const Camera&) = default;
+
+    static Camera createDefault() {
+        Judgement clear;
+        return {View::create(clear, {}, {0.0L, 0.0L, -1.0L}, {0.0L, 1.0L, 0.0L}), Projection::createDefault(),
+                Surface::createDefault()};
+    }
+
+    [[nodiscard]] Sized screenToView(Judgement& judge, const ScreenPoint& point) const {
+        SizedHomogeneous device = product(surface.inverse, sized({Real(point.x), Real(point.y), point.depth, 1.0L}));
         if (!projection.orthographic) {
             const Matrix4& p = projection.matrix;
-            const Real divisor = device[2] - p[2][2] / p[3][2];
-            judge.cancels(std::abs(device[2]) + std::abs(p[2][2]), divisor);
-            for (Real& value : device) {
-                value *= p[2][3] / divisor;
-            }
+            const Real divisor = device.value[2] - p[2][2] / p[3][2];
+            judge.cancels(device.size[2] + std::abs(p[2][2] / p[3][2]), divisor);
+            device = scaled(device, p[2][3] / divisor);
         }
-        const Homogeneous v = product(projection.inverse, device);
-        return {v[0], v[1], v[2]};
+        return threeOf(product(projection.inverse, device));
     }
 
-    [[nodiscard]] Vector viewToScreen(Judgement& judge, Vector point) const {
-        Homogeneous clip = product(projection.matrix, {point.x, point.y, point.z, 1.0L});
+    /// The size is that of the depth.
+    [[nodiscard]] Sized viewToScreen(Judgement& judge, const Sized& point) const {
+        const Vector& v = point.value;
+        SizedHomogeneous clip{{v.x, v.y, v.z, 1.0L}, {point.size, point.size, point.size, 1.0L}};
+        clip = product(projection.matrix, clip);
         if (!projection.orthographic) {
-            judge.cancels(std::abs(point.x) + std::abs(point.y) + std::abs(point.z), clip[3]);
-            const Real w = clip[3];
-            for (Real& value : clip) {
-                value /= w;
-            }
+            judge.cancels(clip.size[3], clip.value[3]);
+            clip = scaled(clip, 1.0L / clip.value[3]);
         }
-        const Homogeneous s = product(surface.matrix, clip);
-        return {wholePixel(judge, s[0]), wholePixel(judge, s[1]), s[2]};
+        const SizedHomogeneous s = product(surface.matrix, clip);
+        return {{wholePixel(judge, s.value[0], s.size[0]), wholePixel(judge, s.value[1], s.size[1]), s.value[2]},
+                s.size[2]};
     }
 
-    static Real wholePixel(Judgement& judge, Real position) {
+    static Real wholePixel(Judgement& judge, Real position, Real size) {
         const Real fraction = std::abs(position) - std::floor(std::abs(position));
-        if (std::abs(fraction - 0.5L) < 1e-4L || std::abs(position) > 1e9L) {
+        if (!(std::abs(fraction - 0.5L) > rounding * judge.condition * size) || !(std::abs(position) < 1e9L)) {
             judge.certain = false;
         }
         return std::round(position);
@@ -103,7 +77,7 @@ struct Camera {
         if (judge.atMost(radius, tolerance) || judge.atMost(minimum, tolerance)) {
             return;
         }
-        const Real z = view.pointToView(centre).z;
+        const Real z = view.pointToView(judge, centre).value.z;
         if (!judge.below(z - radius, 0.0L)) {
             return;
         }
@@ -123,12 +97,13 @@ struct Camera {
         Vector high;
     };
 
-    [[nodiscard]] Box toView(Vector a, Vector b) const {
+    [[nodiscard]] Box toView(Judgement& judge, Vector a, Vector b) const {
         constexpr Real largest = std::numeric_limits<float>::max();
         Box box{{largest, largest, largest}, {-largest, -largest, -largest}};
         for (int corner = 0; corner < 8; ++corner) {
-            const Vector p = view.pointToView(
-                {(corner & 1) != 0 ? a.x : b.x, (corner & 2) != 0 ? a.y : b.y, (corner & 4) != 0 ? a.z : b.z});
+            const Vector p = view.pointToView(judge, {(corner & 1) != 0 ? a.x : b.x, (corner & 2) != 0 ? a.y : b.y,
+                                                      (corner & 4) != 0 ? a.z : b.z})
+                                 .value;
             box.low = {std::min(box.low.x, p.x), std::min(box.low.y, p.y), std::min(box.low.z, p.z)};
             box.high = {std::max(box.high.x, p.x), std::max(box.high.y, p.y), std::max(box.high.z, p.z)};
         }
@@ -137,8 +112,10 @@ struct Camera {
 
     void fitWorldBox(Judgement& judge, Vector a, Vector b) {
         if (!judge.atMost(length(b - a), tolerance)) {
-            const Box box = toView(a, b);
-            judge.cancels(length(view.eye) + length(a) + length(b), length(b - a));
+            const Box box = toView(judge, a, b);
+            // Seen end on, a box has an extent across the view that is all cancellation, and the distance follows it.
+            judge.cancels(length(view.eye) + length(a) + length(b),
+                          std::hypot(box.high.x - box.low.x, box.high.y - box.low.y));
             fitViewBox(judge, box.low, box.high);
         }
     }
@@ -178,7 +155,7 @@ struct Camera {
             return;
         }
         const Projection p = projection;
-        const Box box = toView(a, b);
+        const Box box = toView(judge, a, b);
         const Real middle = (box.low.z + box.high.z) / 2.0L;
         judge.cancels(length(view.eye) + length(a) + length(b), middle);
         const Real distance = judge.atMost(middle, p.n) ? -middle : p.n;
@@ -195,13 +172,13 @@ struct Camera {
     }
 
     void zoomAt(Judgement& judge, const ScreenPoint& anchor, Real factor) {
-        const Vector before = screenToView(judge, anchor);
+        const Vector before = screenToView(judge, anchor).value;
         projection.zoom(judge, factor);
-        shift(judge, before, screenToView(judge, anchor));
+        shift(judge, before, screenToView(judge, anchor).value);
     }
 
     void zoomAt(Judgement& judge, Vector anchor, Real factor) {
-        const Vector pixel = viewToScreen(judge, view.pointToView(anchor));
+        const Vector pixel = viewToScreen(judge, view.pointToView(judge, anchor)).value;
         if (judge.certain) {
             zoomAt(judge, ScreenPoint{static_cast<std::int32_t>(pixel.x), static_cast<std::int32_t>(pixel.y), pixel.z},
                    factor);
@@ -209,7 +186,8 @@ struct Camera {
     }
 
     void pan(Judgement& judge, const ScreenPoint& anchor, std::int32_t dx, std::int32_t dy) {
-        shift(judge, screenToView(judge, anchor), screenToView(judge, {anchor.x + dx, anchor.y + dy, anchor.depth}));
+        shift(judge, screenToView(judge, anchor).value,
+              screenToView(judge, {anchor.x + dx, anchor.y + dy, anchor.depth}).value);
     }
 
     void zoomArea(Judgement& judge, ScreenPoint first, ScreenPoint second) {
@@ -222,8 +200,8 @@ struct Camera {
             first.depth = second.depth = 0.9;
         }
         const Projection p = projection;
-        Vector a = screenToView(judge, first);
-        Vector b = screenToView(judge, second);
+        Vector a = screenToView(judge, first).value;
+        Vector b = screenToView(judge, second).value;
         Real carry = 1.0L;
         if (!p.orthographic) {
             carry = -std::max(a.z, b.z) / p.n;

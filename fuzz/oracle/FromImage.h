@@ -11,39 +11,61 @@
 
 namespace camera::oracle {
 
-/// The numbers of a camera's image, at the places that its layout gives them.
+/// The numbers of an image, at the places that its layout gives them: of a camera, or of one of its parts, which
+/// begin where a caller says.
 class Image {
 public:
     explicit Image(const std::string& bytes) : mBytes(bytes) {}
 
     [[nodiscard]] Camera camera() const {
-        Camera camera;
-        camera.view.toWorld = matrix(24 + 8);
-        camera.view.toView = matrix(24 + 144);
+        return {view(viewInCamera), projection(projectionInCamera), surface(surfaceInCamera)};
+    }
+
+    [[nodiscard]] View view(std::size_t start = 0) const {
+        View view;
+        view.toWorld = matrix(start + 8);
+        view.toWorldKind = static_cast<Kind>(integer(start + 136));
+        view.toView = matrix(start + 144);
+        view.toViewKind = static_cast<Kind>(integer(start + 272));
         for (std::size_t k = 0; k < 3; ++k) {
             for (std::size_t r = 0; r < 3; ++r) {
-                camera.view.rotation[r][k] = real(24 + 280 + 8 * (3 * k + r));
+                view.rotation[r][k] = real(start + 280 + 8 * (3 * k + r));
             }
         }
-        camera.view.eye = {real(24 + 360), real(24 + 368), real(24 + 376)};
-
-        Projection& p = camera.projection;
-        p.matrix = matrix(408 + 8);
-        p.inverse = matrix(408 + 144);
-        p.orthographic = integer(408 + 280) == 1;
-        p.l = real(408 + 288), p.r = real(408 + 296), p.b = real(408 + 304), p.t = real(408 + 312);
-        p.n = real(408 + 320), p.f = real(408 + 328);
-
-        Surface& s = camera.surface;
-        for (std::size_t i = 0; i < 6; ++i) {
-            s.viewport[i] = real(744 + 8 + 8 * i);
-        }
-        s.matrix = matrix(744 + 56);
-        s.inverse = matrix(744 + 192);
-        s.resolutionX = integer(744 + 328);
-        s.resolutionY = integer(744 + 332);
-        return camera;
+        view.eye = {real(start + 360), real(start + 368), real(start + 376)};
+        return view;
     }
+
+    [[nodiscard]] Projection projection(std::size_t start = 0) const {
+        Projection p;
+        p.matrix = matrix(start + 8);
+        p.inverse = matrix(start + 144);
+        p.orthographic = integer(start + 280) == 1;
+        p.l = real(start + 288), p.r = real(start + 296), p.b = real(start + 304), p.t = real(start + 312);
+        p.n = real(start + 320), p.f = real(start + 328);
+        return p;
+    }
+
+    [[nodiscard]] Surface surface(std::size_t start = 0) const {
+        Surface s;
+        for (std::size_t i = 0; i < 6; ++i) {
+            s.viewport[i] = real(start + 8 + 8 * i);
+        }
+        s.matrix = matrix(start + 56);
+        s.inverse = matrix(start + 192);
+        s.resolutionX = integer(start + 328);
+        s.resolutionY = integer(start + 332);
+        return s;
+    }
+
+    // Where the parts begin in the image of a camera, and how long they are.
+    static constexpr std::size_t viewInCamera = 24;
+    static constexpr std::size_t projectionInCamera = 408;
+    static constexpr std::size_t surfaceInCamera = 744;
+    static constexpr std::size_t viewSize = 384;
+    static constexpr std::size_t projectionSize = 336;
+    static constexpr std::size_t surfaceSize = 336;
+    static constexpr std::size_t cameraSize = 1080;
 
 private:
     template <class Bits>

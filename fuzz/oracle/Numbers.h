@@ -14,8 +14,13 @@ using Real = long double;
 
 inline constexpr Real tolerance = 1e-7L;
 
+/// How far the two may be apart, of the scale of the numbers compared, for an operation of condition 1: some hundred
+/// roundings.
+inline constexpr Real rounding = 512.0L * 0x1p-52L;
+
 /// How far the answer can be trusted. An operation that compares two numbers which rounding could swap cannot be
-/// judged; one that loses digits by cancellation is judged by so much less.
+/// judged; one that loses digits by cancellation is judged by so much less. Nothing here may depend on what the
+/// component answered: a wrong answer must not excuse itself.
 struct Judgement {
     bool certain = true;
     Real condition = 1.0L;
@@ -44,6 +49,8 @@ struct Vector {
     Real x = 0.0L;
     Real y = 0.0L;
     Real z = 0.0L;
+
+    friend bool operator==(const Vector&, const Vector&) = default;
 };
 
 inline Vector operator+(Vector a, Vector b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
@@ -87,6 +94,54 @@ inline Homogeneous product(const Matrix4& m, const Homogeneous& v) {
 
 inline Vector product(const Matrix3& m, Vector v) {
     return v.x * column(m, 0) + v.y * column(m, 1) + v.z * column(m, 2);
+}
+
+inline Matrix3 transposed(const Matrix3& m) {
+    return fromColumns({m[0][0], m[0][1], m[0][2]}, {m[1][0], m[1][1], m[1][2]}, {m[2][0], m[2][1], m[2][2]});
+}
+
+inline Matrix3 linearPart(const Matrix4& m) {
+    return {{{m[0][0], m[0][1], m[0][2]}, {m[1][0], m[1][1], m[1][2]}, {m[2][0], m[2][1], m[2][2]}}};
+}
+inline Vector translation(const Matrix4& m) { return {m[0][3], m[1][3], m[2][3]}; }
+
+// Rounding in a chain of products: beside each number goes a size, the sum of its terms' absolute values, to which
+// the rounding of the number is proportional.
+
+struct Sized {
+    Vector value;
+    Real size = 0.0L;
+};
+
+struct SizedHomogeneous {
+    Homogeneous value{};
+    Homogeneous size{};
+};
+
+inline SizedHomogeneous sized(const Homogeneous& v) {
+    return {v, {std::abs(v[0]), std::abs(v[1]), std::abs(v[2]), std::abs(v[3])}};
+}
+
+inline SizedHomogeneous product(const Matrix4& m, const SizedHomogeneous& v) {
+    SizedHomogeneous result{product(m, v.value), {}};
+    for (std::size_t r = 0; r < 4; ++r) {
+        for (std::size_t k = 0; k < 4; ++k) {
+            result.size[r] += std::abs(m[r][k]) * v.size[k];
+        }
+    }
+    return result;
+}
+
+inline SizedHomogeneous scaled(SizedHomogeneous v, Real factor) {
+    for (std::size_t i = 0; i < 4; ++i) {
+        v.value[i] *= factor;
+        v.size[i] *= std::abs(factor);
+    }
+    return v;
+}
+
+inline Sized threeOf(const SizedHomogeneous& v) {
+    return {{v.value[0], v.value[1], v.value[2]}, std::max({v.size[0], v.size[1], v.size[2]})};
 }
 
 } // namespace camera::oracle

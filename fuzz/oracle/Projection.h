@@ -11,6 +11,8 @@ struct Projection {
     bool orthographic = false;
     Real l = 0.0L, r = 0.0L, b = 0.0L, t = 0.0L, n = 0.0L, f = 0.0L;
 
+    friend bool operator==(const Projection&, const Projection&) = default;
+
     [[nodiscard]] Real aspect() const { return (r - l) / (t - b); }
 
     void setFrustum(Judgement& judge, std::array<Real, 6> sides, bool toOrthographic) {
@@ -27,28 +29,67 @@ struct Projection {
     }
 
     void rebuild() {
+        const std::array<Real, 6> sides{l, r, b, t, n, f};
+        matrix = orthographic ? orthographicMatrix(sides) : perspectiveMatrix(sides);
         const Real w = r - l;
         const Real h = t - b;
         const Real d = f - n;
         if (orthographic) {
-            matrix = {{{2.0L / w, 0.0L, 0.0L, -(r + l) / w},
-                       {0.0L, 2.0L / h, 0.0L, -(t + b) / h},
-                       {0.0L, 0.0L, -2.0L / d, -(f + n) / d},
-                       {0.0L, 0.0L, 0.0L, 1.0L}}};
             inverse = {{{w / 2.0L, 0.0L, 0.0L, (l + r) / 2.0L},
                         {0.0L, h / 2.0L, 0.0L, (b + t) / 2.0L},
                         {0.0L, 0.0L, -d / 2.0L, -(n + f) / 2.0L},
                         {0.0L, 0.0L, 0.0L, 1.0L}}};
         } else {
-            matrix = {{{2.0L * n / w, 0.0L, (r + l) / w, 0.0L},
-                       {0.0L, 2.0L * n / h, (t + b) / h, 0.0L},
-                       {0.0L, 0.0L, -(f + n) / d, -2.0L * f * n / d},
-                       {0.0L, 0.0L, -1.0L, 0.0L}}};
             inverse = {{{w / (2.0L * n), 0.0L, 0.0L, (r + l) / (2.0L * n)},
                         {0.0L, h / (2.0L * n), 0.0L, (t + b) / (2.0L * n)},
                         {0.0L, 0.0L, 0.0L, -1.0L},
                         {0.0L, 0.0L, -d / (2.0L * f * n), (f + n) / (2.0L * f * n)}}};
         }
+    }
+
+    // Of any sides, infinite or no number where they leave no room.
+
+    static Matrix4 perspectiveMatrix(const std::array<Real, 6>& sides) {
+        const auto [l, r, b, t, n, f] = sides;
+        const Real w = r - l, h = t - b, d = f - n;
+        return {{{2.0L * n / w, 0.0L, (r + l) / w, 0.0L},
+                 {0.0L, 2.0L * n / h, (t + b) / h, 0.0L},
+                 {0.0L, 0.0L, -(f + n) / d, -2.0L * f * n / d},
+                 {0.0L, 0.0L, -1.0L, 0.0L}}};
+    }
+    static Matrix4 orthographicMatrix(const std::array<Real, 6>& sides) {
+        const auto [l, r, b, t, n, f] = sides;
+        const Real w = r - l, h = t - b, d = f - n;
+        return {{{2.0L / w, 0.0L, 0.0L, -(r + l) / w},
+                 {0.0L, 2.0L / h, 0.0L, -(t + b) / h},
+                 {0.0L, 0.0L, -2.0L / d, -(f + n) / d},
+                 {0.0L, 0.0L, 0.0L, 1.0L}}};
+    }
+
+    static Projection createDefault() {
+        Projection projection;
+        Judgement clear;
+        projection.setPerspective(clear, 0.7853981633974483, 1.3333333333333333, 0.01, 10000.0);
+        return projection;
+    }
+
+    /// The sides are those of the projection before, through its inverse, which stays. near and far are the depths
+    /// of view space themselves, which are negative ahead.
+    void setMatrix(Judgement& judge, const Matrix4& newMatrix, bool toOrthographic) {
+        matrix = newMatrix;
+        orthographic = toOrthographic;
+        const auto at = [&](Real x, Real y, Real z, std::size_t wanted) {
+            const SizedHomogeneous point = product(inverse, sized({x, y, z, 1.0L}));
+            judge.cancels(point.size[wanted], point.value[wanted]);
+            if (judge.atMost(std::abs(point.value[3]), 1e-4L)) {
+                return point.value[wanted];
+            }
+            judge.cancels(point.size[3], point.value[3]);
+            return point.value[wanted] / point.value[3];
+        };
+        l = at(-1.0L, 0.0L, -1.0L, 0), r = at(1.0L, 0.0L, -1.0L, 0);
+        b = at(0.0L, -1.0L, -1.0L, 1), t = at(0.0L, 1.0L, -1.0L, 1);
+        n = at(0.0L, 0.0L, -1.0L, 2), f = at(0.0L, 0.0L, 1.0L, 2);
     }
 
     void setPerspective(Judgement& judge, Real fovY, Real newAspect, Real nearDist, Real farDist) {
@@ -146,7 +187,7 @@ struct Projection {
         if (orthographic) {
             return 0.0L;
         }
-        const Real result = std::atan2(n * high - low * n, low * high + n * n);
+        const Real result = std::abs(std::atan2(n * high - low * n, low * high + n * n));
         judge.cancels(1.0L, std::sin(result));
         return result;
     }
