@@ -48,6 +48,9 @@ inline std::int32_t resolution(Bytes& bytes) {
     return word >= 0xFC00 ? 0xFC00 - 1 - word : word % 4096;
 }
 
+/// As the component takes a resolution or a pixel of an arcball.
+inline std::uint32_t asUnsigned(std::int32_t value) { return static_cast<std::uint32_t>(value); }
+
 inline api::Vector vector(Bytes& bytes) {
     api::Vector record;
     record.mData = {coordinate(bytes), coordinate(bytes), coordinate(bytes)};

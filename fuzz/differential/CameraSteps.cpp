@@ -13,8 +13,6 @@ using oracle::ScreenPoint;
 constexpr auto viewAndProjection = static_cast<Part>(view | projection);
 constexpr auto projectionAndSurface = static_cast<Part>(projection | surface);
 
-std::uint32_t asUnsigned(std::int32_t value) { return static_cast<std::uint32_t>(value); }
-
 void createDefault(Step& s) {
     s.camera = oracle::Camera::createDefault();
     change<"planarCameraCreateDefault">(s);

@@ -73,8 +73,6 @@ void setProjectionMatrix(Step& s) {
 
 // Surfaces.
 
-std::uint32_t asUnsigned(std::int32_t value) { return static_cast<std::uint32_t>(value); }
-
 void createDefaultSurface(Step& s) {
     s.camera.surface = oracle::Surface::createDefault();
     change<"surfaceCreateDefault">(s);
