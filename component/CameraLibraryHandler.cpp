@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "Failure.h"
+#include "Identity.h"
 
 namespace qel::api::camera {
 
@@ -23,7 +23,8 @@ constexpr const char* componentVariant = "";
 /// The revision of the base interface that this component was made for. No operation reports it.
 [[maybe_unused]] constexpr Identity baseInterfaceIdentity{"BaseAPI", "1.0"};
 
-/// Replaces the whole result, so that an older error in it is gone; on failure the value is left alone.
+} // namespace
+
 void identify(StringResult& _return, const char* value, const Failure& failure) noexcept {
     try {
         StringResult result;
@@ -34,18 +35,16 @@ void identify(StringResult& _return, const char* value, const Failure& failure) 
     }
 }
 
-} // namespace
-
 void CameraLibraryHandler::getComponentVersion(StringResult& _return) {
-    identify(_return, componentIdentity.version, Failure::withText("Unable to get component version."));
+    identify(_return, componentIdentity.version, versionFailure);
 }
 
 void CameraLibraryHandler::getComponentVariant(StringResult& _return) {
-    identify(_return, componentVariant, Failure::withText("Unable to get component variant."));
+    identify(_return, componentVariant, variantFailure);
 }
 
 void CameraLibraryHandler::getComponentName(StringResult& _return) {
-    identify(_return, componentIdentity.name, Failure::withText("Unable to get component name."));
+    identify(_return, componentIdentity.name, nameFailure);
 }
 
 } // namespace qel::api::camera

@@ -23,7 +23,7 @@ void call(CameraAPIIf& service, Operation operation, Result& result, const Argum
 // [/call]
 
 // [next]
-/// Holds a good camera and the record that the next call writes into. Once both are warm, no call that succeeds allocates.
+/// Holds a good camera and the record that the next call writes into. Once both are warm, success allocates nothing.
 struct Camera {
     PlanarCameraState state;
     PlanarCameraStateResult next;

@@ -14,6 +14,7 @@
 #include <qel/api/base/BaseAPIIf.h>
 
 #include "Allocations.h"
+#include "Identity.h"
 #include "PartlyWritten.h"
 #include "support/Calls.h"
 #include "support/LoadedModule.h"
@@ -258,6 +259,30 @@ TEST_F(MemoryRunsOut, IdentityNeedsNoMemory) {
         EXPECT_EQ(allocations.asked(), 0U);
         EXPECT_EQ(result.mValue, value);
         expectSuccess(result);
+    }
+}
+
+TEST_F(MemoryRunsOut, LongerIdentityWouldFailInItsOwnWordsAndLeaveTheValueAlone) {
+    // No text of this component is so long, hence not through the module.
+    const std::string longer(100, 'x');
+    for (const auto& [failure, message] : {std::pair(versionFailure, "Unable to get component version."),
+                                           std::pair(variantFailure, "Unable to get component variant."),
+                                           std::pair(nameFailure, "Unable to get component name.")}) {
+        for (const Fail fail : {Fail::one, Fail::allFrom}) {
+            base::StringResult result;
+            result.mResult = olderError();
+            result.__set_mValue("before");
+            Allocations allocations(fail, 1);
+            identify(result, longer.c_str(), failure);
+            allocations.stop();
+            EXPECT_NE(allocations.failed(), 0U);
+            fail == Fail::one ? expectMessage(result.mResult, -1, message) : expectCodeAlone(result.mResult, -1);
+            EXPECT_EQ(result.mValue, "before");
+            EXPECT_TRUE(result.__isset.mValue);
+            identify(result, longer.c_str(), failure);
+            EXPECT_EQ(result.mValue, longer);
+            expectSuccess(result);
+        }
     }
 }
 

@@ -54,7 +54,7 @@ void makeOther(Value& value) {
         value = static_cast<char>(value ^ 0x55);
     } else if constexpr (std::is_arithmetic_v<Value>) {
         value += 0.8125; // unlikely to be what a mistake adds
-    } else {             // a string or a list
+    } else {
         for (auto& element : value) {
             makeOther(element);
         }
