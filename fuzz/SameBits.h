@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <tuple>
@@ -19,10 +21,8 @@ concept IsRecord = requires {
     qel::api::FieldTable<Type>::fields;
 };
 
-template <class Number>
-bool sameBits(const Number& a, const Number& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
-}
+inline bool sameBits(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
+inline bool sameBits(std::int32_t a, std::int32_t b) { return a == b; } // enumerators too
 inline bool sameBits(const std::string& a, const std::string& b) { return a == b; }
 inline bool sameBits(const std::vector<double>& a, const std::vector<double>& b) {
     return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), sizeof(double) * a.size()) == 0);

@@ -164,7 +164,7 @@ void forge(States& states, Bytes& bytes) {
     std::string& image = states.changeImage(choice % 8);
     switch (choice / 8 % 4) {
     case 0: {
-        const std::size_t offset = 8 * (bytes.byte() % 135);
+        const std::size_t offset = std::size_t{8} * (bytes.byte() % 135);
         const double value = number(bytes);
         if (image.size() >= offset + 8) {
             std::memcpy(image.data() + offset, &value, sizeof value);
