@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <numbers>
+#include <string>
 #include <vector>
 
 #include "support/StateBench.h"
@@ -26,9 +27,11 @@ protected:
     void expectEnd(const Arguments&... arguments) {
         EXPECT_TRUE(mBench.allFinite()) << "before";
         const PlanarCameraState camera = mBench.state<PlanarCameraState>();
+        const ProjectionState projection = mBench.state<ProjectionState>();
         const SurfaceState surface = mBench.state<SurfaceState>();
         mBench.on(arguments...);
         EXPECT_FALSE(mBench.allFinite());
+        mBench.state<ProjectionState>() = projection;
         mBench.state<PlanarCameraState>() = camera;
         mBench.state<SurfaceState>() = surface;
     }
@@ -153,6 +156,38 @@ TEST_F(DivisionByZero, ResolutionOfZeroInAnImageFromElsewhere) {
     mBench.make(&Api::surfaceCreateDefault);
     putWord(mBench.state<SurfaceState>().mPrivate, 332, 0);
     expectEnd(&Api::surfaceSetResolutionX, 640);
+}
+
+TEST_F(DivisionByZero, FrustumWithoutHeightInAnImageFromElsewhere) {
+    std::string& image = mBench.state<ProjectionState>().mPrivate;
+    putDouble(image, at::frustum + 16, 0.0);
+    putDouble(image, at::frustum + 24, 0.0);
+    mBench.assemble();
+    expectEnd(&Api::projectionSetVFoV, 1);
+    expectEnd(&Api::projectionSetAspectRatio, 1.5);
+    expectEnd(&Api::planarCameraSwitchProjectionType, -1, -1, -6, 1, 1, -4);
+    expectEnd(&Api::planarCameraFitViewSpaceBoundingBox, -1, -1, -6, 1, 1, -4);
+    expectEnd(&Api::planarCameraFitWorldSpaceBoundingBox, -1, -1, -6, 1, 1, -4);
+    expectEnd(&Api::planarCameraZoomArea, 100, 100, 0.5, 200, 200, 0.5);
+}
+
+TEST_F(DivisionByZero, FrustumWithoutWidthInAnImageFromElsewhere) {
+    std::string& image = mBench.state<ProjectionState>().mPrivate;
+    putDouble(image, at::frustum, 0.0);
+    putDouble(image, at::frustum + 8, 0.0);
+    mBench.assemble();
+    expectEnd(&Api::projectionSetHFoV, 1);
+    expectEnd(&Api::planarCameraFitViewSpaceBoundingBox, -1, -1, -6, 1, 1, -4);
+    expectEnd(&Api::planarCameraFitWorldSpaceBoundingBox, -1, -1, -6, 1, 1, -4);
+    expectEnd(&Api::planarCameraZoomArea, 100, 100, 0.5, 200, 200, 0.5);
+}
+
+TEST_F(DivisionByZero, NearOfZeroInAnImageFromElsewhere) {
+    putDouble(mBench.state<ProjectionState>().mPrivate, at::frustum + 32, 0.0);
+    mBench.assemble();
+    expectEnd(&Api::projectionSetNear, 1);
+    expectEnd(&Api::planarCameraUpdateClippingPlanes, vectorOf(0, 0, -5), 1, 0.1);
+    expectEnd(&Api::planarCameraZoomArea, 100, 100, 0.5, 200, 200, 0.5);
 }
 
 } // namespace
