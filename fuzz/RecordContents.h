@@ -12,12 +12,9 @@
 
 #include <qel/api/Field.h>
 
-namespace camera::fuzz {
+#include "SameBits.h"
 
-template <class Value>
-concept IsRecord = requires {
-    &Value::printTo;
-};
+namespace camera::fuzz {
 
 /// All that a record holds, to the bit: the sign of a zero, the payload of a NaN, the flags and what stands under the
 /// lowered ones. Two records are the same when these are.
