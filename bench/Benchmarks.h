@@ -3,7 +3,7 @@
 
 #include <qel/api/camera/CameraAPIIf.h>
 
-#include "Workload.h"
+#include "bench/Workload.h"
 
 namespace qel::bench {
 

@@ -8,8 +8,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "Benchmarks.h"
-#include "OnOneProcessor.h"
+#include "bench/Benchmarks.h"
+#include "bench/OnOneProcessor.h"
 
 namespace qel::bench {
 

@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "FloorRecords.h"
-#include "FloorViews.h"
-#include "Pipeline.h"
+#include "bench/FloorRecords.h"
+#include "bench/FloorViews.h"
+#include "math/Pipeline.h"
 
 namespace qel::bench::floors {
 

@@ -9,10 +9,10 @@
 #include <qel/api/camera/States.h>
 #include <qel/api/camera/Values.h>
 
-#include "Images.h"
-#include "Matrices.h"
-#include "Quaternions.h"
-#include "Vectors.h"
+#include "component/Images.h"
+#include "math/Matrices.h"
+#include "math/Quaternions.h"
+#include "math/Vectors.h"
 
 namespace qel::bench::floors {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "FloorRecords.h"
+#include "bench/FloorRecords.h"
 
 namespace qel::bench::floors {
 

@@ -11,11 +11,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include "Benchmarks.h"
-#include "Calls.h"
-#include "FloorCameras.h"
-#include "FloorRecords.h"
-#include "FloorViews.h"
+#include "bench/Benchmarks.h"
+#include "bench/FloorCameras.h"
+#include "bench/FloorRecords.h"
+#include "bench/FloorViews.h"
+#include "bench/TypedCalls.h"
 
 namespace qel::bench {
 

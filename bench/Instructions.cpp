@@ -13,8 +13,8 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "Calls.h"
-#include "Workload.h"
+#include "bench/TypedCalls.h"
+#include "bench/Workload.h"
 
 namespace {
 

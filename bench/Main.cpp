@@ -9,7 +9,7 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "Benchmarks.h"
+#include "bench/Benchmarks.h"
 
 namespace {
 

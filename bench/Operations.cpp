@@ -4,9 +4,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "Benchmarks.h"
-#include "Calls.h"
-#include "OnOneProcessor.h"
+#include "bench/Benchmarks.h"
+#include "bench/OnOneProcessor.h"
+#include "bench/TypedCalls.h"
 
 namespace qel::bench {
 

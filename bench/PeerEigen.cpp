@@ -5,8 +5,8 @@
 #include <Eigen/Geometry>
 #include <benchmark/benchmark.h>
 
-#include "Benchmarks.h"
-#include "Scene.h"
+#include "bench/Benchmarks.h"
+#include "bench/Scene.h"
 
 namespace qel::bench {
 

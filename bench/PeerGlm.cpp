@@ -5,8 +5,8 @@
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/quaternion.hpp>
 
-#include "Benchmarks.h"
-#include "Scene.h"
+#include "bench/Benchmarks.h"
+#include "bench/Scene.h"
 
 namespace qel::bench {
 

@@ -6,8 +6,8 @@
 #include <osg/ref_ptr>
 #include <osgGA/TrackballManipulator>
 
-#include "Benchmarks.h"
-#include "Scene.h"
+#include "bench/Benchmarks.h"
+#include "bench/Scene.h"
 
 namespace qel::bench {
 

@@ -8,8 +8,8 @@
 #include <vtkNew.h>
 #include <vtkRenderer.h>
 
-#include "Benchmarks.h"
-#include "Scene.h"
+#include "bench/Benchmarks.h"
+#include "bench/Scene.h"
 
 namespace qel::bench {
 

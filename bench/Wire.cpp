@@ -11,7 +11,7 @@
 
 #include <qel/api/camera/Results.h>
 
-#include "Benchmarks.h"
+#include "bench/Benchmarks.h"
 #include "camera_types.h"
 
 namespace qel::bench {

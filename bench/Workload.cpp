@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Workload.h"
+#include "bench/Workload.h"
 
 #include <array>
 #include <cstddef>

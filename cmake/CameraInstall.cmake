@@ -23,9 +23,10 @@ if(CAMERA_INSTALL_THRIFT)
 endif()
 
 # The targets, by the names that a project around this one knows them by as well.
-set_target_properties(camera_interface PROPERTIES EXPORT_NAME Interface)
+set_target_properties(camera_records PROPERTIES EXPORT_NAME Interface)
+set_target_properties(camera_interface PROPERTIES EXPORT_NAME Headers)
 set_target_properties(camera_host PROPERTIES EXPORT_NAME Host)
-install(TARGETS camera_interface camera_host EXPORT CameraComponentTargets
+install(TARGETS camera_interface camera_records camera_host EXPORT CameraComponentTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(TARGETS CameraLibrary EXPORT CameraComponentTargets

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
 #include <string>
 #include <utility>
 
-#include "Identity.h"
+#include "component/Identity.h"
 
 namespace qel::api::camera {
 

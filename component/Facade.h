@@ -3,8 +3,8 @@
 
 #include <qel/api/camera/Results.h>
 
-#include "Failure.h"
-#include "StateConversion.h"
+#include "component/Failure.h"
+#include "component/StateConversion.h"
 
 namespace qel::api::camera {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Failure.h"
+#include "component/Failure.h"
 
 #include <string>
 

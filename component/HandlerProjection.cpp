@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
-#include "Arguments.h"
-#include "Facade.h"
-#include "Projection.h"
+#include "component/Facade.h"
+#include "component/ReadArguments.h"
+#include "impl/Projection.h"
 
 namespace qel::api::camera {
 

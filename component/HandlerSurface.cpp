@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
-#include "Arguments.h"
-#include "Facade.h"
-#include "Surface.h"
+#include "component/Facade.h"
+#include "component/ReadArguments.h"
+#include "impl/Surface.h"
 
 namespace qel::api::camera {
 

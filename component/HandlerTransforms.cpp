@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
 #include <cstddef>
 #include <cstdint>
 
-#include "Arguments.h"
-#include "Facade.h"
-#include "ReadImage.h"
-#include "SpaceTransforms.h"
+#include "component/Facade.h"
+#include "component/ReadArguments.h"
+#include "component/ReadImage.h"
+#include "impl/SpaceTransforms.h"
 
 namespace qel::api::camera {
 

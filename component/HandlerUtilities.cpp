@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
 #include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "Arguments.h"
-#include "Facade.h"
-#include "Pipeline.h"
+#include "component/Facade.h"
+#include "component/ReadArguments.h"
+#include "math/Pipeline.h"
 
 namespace qel::api::camera {
 

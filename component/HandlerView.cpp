@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
 #include <cstddef>
 
-#include "Arguments.h"
-#include "Facade.h"
-#include "ReadImage.h"
-#include "View.h"
+#include "component/Facade.h"
+#include "component/ReadArguments.h"
+#include "component/ReadImage.h"
+#include "impl/View.h"
 
 namespace qel::api::camera {
 

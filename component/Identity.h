@@ -3,7 +3,7 @@
 
 #include <qel/api/base/Records.h>
 
-#include "Failure.h"
+#include "component/Failure.h"
 
 namespace qel::api::camera {
 

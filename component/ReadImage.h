@@ -8,12 +8,12 @@
 
 #include <qel/api/camera/States.h>
 
-#include "Images.h"
-#include "LittleEndian.h"
-#include "Matrices.h"
-#include "Projection.h"
-#include "Surface.h"
-#include "View.h"
+#include "component/Images.h"
+#include "component/LittleEndian.h"
+#include "impl/Projection.h"
+#include "impl/Surface.h"
+#include "impl/View.h"
+#include "math/Matrices.h"
 
 namespace qel::api::camera {
 

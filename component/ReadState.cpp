@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "Images.h"
-#include "ReadImage.h"
-#include "StateConversion.h"
+#include "component/Images.h"
+#include "component/ReadImage.h"
+#include "component/StateConversion.h"
 
 namespace qel::api::camera {
 

@@ -4,13 +4,13 @@
 #include <qel/api/camera/States.h>
 #include <qel/api/camera/Values.h>
 
-#include "Matrices.h"
-#include "PlanarCamera.h"
-#include "Projection.h"
-#include "ReadImage.h"
-#include "Surface.h"
-#include "Vectors.h"
-#include "View.h"
+#include "component/ReadImage.h"
+#include "impl/PlanarCamera.h"
+#include "impl/Projection.h"
+#include "impl/Surface.h"
+#include "impl/View.h"
+#include "math/Matrices.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera {
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "Images.h"
-#include "LittleEndian.h"
-#include "Pipeline.h"
-#include "Quaternions.h"
-#include "ReadImage.h"
-#include "StateConversion.h"
+#include "component/Images.h"
+#include "component/LittleEndian.h"
+#include "component/ReadImage.h"
+#include "component/StateConversion.h"
+#include "math/Pipeline.h"
+#include "math/Quaternions.h"
 
 namespace qel::api::camera {
 

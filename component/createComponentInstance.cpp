@@ -3,7 +3,7 @@
 
 #include <qel/api/base/BaseAPIIf.h>
 
-#include "CameraLibraryHandler.h"
+#include "component/CameraLibraryHandler.h"
 
 extern "C" __attribute__((visibility("default"))) qel::api::base::BaseAPIIf* createComponentInstance() {
     return new (std::nothrow) qel::api::camera::CameraLibraryHandler;

@@ -15,7 +15,7 @@
 
 #include <qel/api/base/BaseAPIIf.h>
 
-#include "differential/Steps.h"
+#include "fuzz/differential/DifferentialSteps.h"
 
 namespace camera::fuzz::differential {
 

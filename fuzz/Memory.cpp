@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Memory.h"
+#include "fuzz/Memory.h"
 
 extern "C" {
 // Offered by the sanitizers' runtime libraries.

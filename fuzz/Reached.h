@@ -10,7 +10,7 @@
 
 #include <qel/api/camera/Operations.h>
 
-#include "States.h"
+#include "fuzz/DrawnStates.h"
 
 namespace camera::fuzz {
 

@@ -12,7 +12,7 @@
 
 #include <qel/api/Field.h>
 
-#include "SameBits.h"
+#include "fuzz/SameBits.h"
 
 namespace camera::fuzz {
 

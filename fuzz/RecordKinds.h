@@ -11,7 +11,7 @@
 #include <thrift/protocol/TJSONProtocol.h>
 #include <thrift/transport/TBufferTransports.h>
 
-#include <qel/api/base/Fields.h>
+#include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Fields.h>
 
 // What an input of the target `records` names by its first two bytes: the kind of record, and the protocols, that of

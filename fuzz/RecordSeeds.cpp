@@ -25,9 +25,9 @@
 #include <utility>
 #include <vector>
 
-#include "RecordContents.h"
-#include "RecordKinds.h"
-#include "Require.h"
+#include "fuzz/RecordContents.h"
+#include "fuzz/RecordKinds.h"
+#include "fuzz/Require.h"
 
 namespace camera::fuzz {
 namespace {

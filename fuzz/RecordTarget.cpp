@@ -25,12 +25,12 @@
 #include <thrift/Thrift.h>
 #include <thrift/transport/TBufferTransports.h>
 
-#include "Bytes.h"
-#include "Memory.h"
-#include "PlainReader.h"
-#include "RecordContents.h"
-#include "RecordKinds.h"
-#include "Require.h"
+#include "fuzz/Bytes.h"
+#include "fuzz/Memory.h"
+#include "fuzz/PlainReader.h"
+#include "fuzz/RecordContents.h"
+#include "fuzz/RecordKinds.h"
+#include "fuzz/Require.h"
 
 namespace camera::fuzz {
 namespace {

@@ -17,7 +17,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Require.h"
+#include "fuzz/Require.h"
 
 namespace {
 

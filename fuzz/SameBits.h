@@ -9,7 +9,7 @@
 #include <tuple>
 #include <vector>
 
-#include <qel/api/base/Fields.h>
+#include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Fields.h>
 
 namespace camera::fuzz {

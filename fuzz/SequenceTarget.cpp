@@ -18,15 +18,15 @@
 #include <qel/api/camera/Operations.h>
 #include <qel/host/ComponentLoader.h>
 
-#include "Arguments.h"
-#include "Bytes.h"
-#include "Expectations.h"
-#include "Reached.h"
-#include "Require.h"
-#include "SameBits.h"
-#include "States.h"
-#include "Utilities.h"
-#include "Written.h"
+#include "fuzz/Bytes.h"
+#include "fuzz/DrawnArguments.h"
+#include "fuzz/DrawnStates.h"
+#include "fuzz/Expectations.h"
+#include "fuzz/Reached.h"
+#include "fuzz/Require.h"
+#include "fuzz/SameBits.h"
+#include "fuzz/Utilities.h"
+#include "fuzz/Written.h"
 
 namespace camera::fuzz {
 namespace {

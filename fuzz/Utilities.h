@@ -7,8 +7,8 @@
 
 #include <qel/api/camera/Values.h>
 
-#include "Require.h"
-#include "SameBits.h"
+#include "fuzz/Require.h"
+#include "fuzz/SameBits.h"
 
 namespace camera::fuzz {
 

@@ -13,8 +13,8 @@
 
 #include <qel/api/camera/Results.h>
 
-#include "Expectations.h"
-#include "Require.h"
+#include "fuzz/Expectations.h"
+#include "fuzz/Require.h"
 
 namespace camera::fuzz {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PlanarCamera.h"
+#include "impl/PlanarCamera.h"
 
 #include <iostream>
 
-#include "Pipeline.h"
-#include "Tolerances.h"
+#include "math/Pipeline.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <string>
 
-#include "Camera.h"
-#include "Projection.h"
-#include "Surface.h"
-#include "Vectors.h"
-#include "View.h"
+#include "impl/Camera.h"
+#include "impl/Projection.h"
+#include "impl/Surface.h"
+#include "impl/View.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::impl {
 

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Pipeline.h"
-#include "PlanarCamera.h"
-#include "Tolerances.h"
+#include "impl/PlanarCamera.h"
+#include "math/Pipeline.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

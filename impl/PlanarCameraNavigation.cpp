@@ -5,10 +5,10 @@
 #include <limits>
 #include <stdexcept>
 
-#include "Pipeline.h"
-#include "PlanarCamera.h"
-#include "SpaceTransforms.h"
-#include "Tolerances.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "math/Pipeline.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

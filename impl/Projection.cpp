@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Projection.h"
+#include "impl/Projection.h"
 
 #include <cmath>
 
-#include "Tolerances.h"
-#include "Vectors.h"
+#include "math/Tolerances.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::impl {
 

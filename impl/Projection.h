@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "Matrices.h"
-#include "Pipeline.h"
-#include "Tolerances.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "SpaceTransforms.h"
+#include "impl/SpaceTransforms.h"
 
 namespace qel::api::camera::impl {
 

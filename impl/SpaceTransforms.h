@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "Matrices.h"
-#include "PlanarCamera.h"
-#include "Vectors.h"
+#include "impl/PlanarCamera.h"
+#include "math/Matrices.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::impl {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Surface.h"
+#include "impl/Surface.h"
 
-#include "Tolerances.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "Matrices.h"
-#include "Pipeline.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
 
 namespace qel::api::camera::impl {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "View.h"
+#include "impl/View.h"
 
 #include <cmath>
 
-#include "Tolerances.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::impl {
 

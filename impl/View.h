@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Matrices.h"
-#include "Quaternions.h"
-#include "Vectors.h"
+#include "math/Matrices.h"
+#include "math/Quaternions.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::impl {
 

@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "Tolerances.h"
-#include "Vectors.h"
+#include "math/Tolerances.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::math {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "Matrices.h"
+#include "math/Matrices.h"
 
 namespace qel::api::camera::math {
 

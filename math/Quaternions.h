@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstddef>
 
-#include "Matrices.h"
-#include "Vectors.h"
+#include "math/Matrices.h"
+#include "math/Vectors.h"
 
 namespace qel::api::camera::math {
 

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "Tolerances.h"
+#include "math/Tolerances.h"
 
 namespace qel::api::camera::math {
 

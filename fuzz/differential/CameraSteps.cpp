@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "Steps.h"
+#include "fuzz/differential/DifferentialSteps.h"
 
 namespace camera::fuzz::differential {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Comparison.h"
+#include "fuzz/differential/Comparison.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "Require.h"
+#include "fuzz/Require.h"
 
 namespace camera::fuzz::differential {
 

@@ -3,7 +3,7 @@
 
 #include <qel/api/camera/States.h>
 
-#include "oracle/FromImage.h"
+#include "fuzz/oracle/FromBlob.h"
 
 // What came beside what should have come.
 namespace camera::fuzz::differential {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "Steps.h"
+#include "fuzz/differential/DifferentialSteps.h"
 
 namespace camera::fuzz::differential {
 namespace {

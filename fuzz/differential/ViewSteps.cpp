@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The operations on a view, most of which a camera has too.
 
-#include "Steps.h"
+#include "fuzz/differential/DifferentialSteps.h"
 
 namespace camera::fuzz::differential {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Call.h"
+#include "host/console/Call.h"
 
 #include <cstddef>
 #include <memory>
@@ -10,9 +10,9 @@
 
 #include <qel/api/camera/OperationNames.h>
 
-#include "Arguments.h"
-#include "OperationList.h"
-#include "RecordJson.h"
+#include "host/console/CallArguments.h"
+#include "host/console/OperationList.h"
+#include "host/console/RecordJson.h"
 
 namespace qel::host {
 

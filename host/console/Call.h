@@ -8,7 +8,7 @@
 #include <qel/api/base/Records.h>
 #include <qel/api/camera/CameraAPIIf.h>
 
-#include "Input.h"
+#include "host/console/Input.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Input.h"
+#include "host/console/Input.h"
 
 #include <array>
 #include <cerrno>
@@ -10,8 +10,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "RecordJson.h"
-#include "StateFile.h"
+#include "host/console/RecordJson.h"
+#include "host/state/StateFile.h"
 
 namespace qel::host {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "Json.h"
+#include "host/console/Json.h"
 
 namespace qel::host {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Json.h"
+#include "host/console/Json.h"
 
 #include <algorithm>
 #include <cstddef>
 
 #include <nlohmann/json.hpp>
 
-#include "NumberText.h"
+#include "host/console/NumberText.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "NumberText.h"
+#include "host/console/NumberText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "OperationList.h"
+#include "host/console/OperationList.h"
 
 #include <algorithm>
 #include <cctype>

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Json.h"
+#include "host/console/Json.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "RecordJson.h"
+#include "host/console/RecordJson.h"
 
 #include <cmath>
 #include <cstddef>
@@ -16,9 +16,9 @@
 
 #include <qel/api/camera/Fields.h>
 
-#include "Base64.h"
-#include "EnumNames.h"
-#include "NumberText.h"
+#include "host/console/Base64.h"
+#include "host/console/EnumNames.h"
+#include "host/console/NumberText.h"
 
 namespace qel::host {
 

@@ -9,7 +9,7 @@
 #include <qel/api/camera/States.h>
 #include <qel/api/camera/Values.h>
 
-#include "Json.h"
+#include "host/console/Json.h"
 
 namespace qel::host {
 

@@ -14,9 +14,9 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "Arguments.h"
-#include "Call.h"
-#include "Command.h"
+#include "host/console/Call.h"
+#include "host/console/CallArguments.h"
+#include "host/program/Command.h"
 
 namespace qel::host {
 

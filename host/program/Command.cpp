@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Command.h"
+#include "host/program/Command.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -6,8 +6,8 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include "Command.h"
-#include "OperationList.h"
+#include "host/console/OperationList.h"
+#include "host/program/Command.h"
 
 namespace qel::host {
 

@@ -8,9 +8,9 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include "Command.h"
-#include "Input.h"
-#include "Show.h"
+#include "host/console/Input.h"
+#include "host/program/Command.h"
+#include "host/show/Show.h"
 
 namespace qel::host {
 

@@ -11,8 +11,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "Command.h"
-#include "Tour.h"
+#include "host/program/Command.h"
+#include "host/tour/Tour.h"
 
 namespace qel::host {
 

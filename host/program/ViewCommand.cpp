@@ -4,8 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "Command.h"
-#include "Viewer.h"
+#include "host/program/Command.h"
+#include "host/view/Viewer.h"
 
 namespace qel::host {
 

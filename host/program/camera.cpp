@@ -7,7 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "Command.h"
+#include "host/program/Command.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraView.h"
+#include "host/render/CameraView.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -6,7 +6,7 @@
 
 #include <qel/api/camera/CameraAPIIf.h>
 
-#include "Geometry.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FrameBuffer.h"
+#include "host/render/FrameBuffer.h"
 
 #include <algorithm>
 #include <string>
 
-#include "OffscreenContext.h"
+#include "host/render/OffscreenContext.h"
 
 namespace qel::host {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <epoxy/gl.h>
 
-#include "Geometry.h"
-#include "Picture.h"
+#include "host/render/Picture.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "OffscreenContext.h"
+#include "host/render/OffscreenContext.h"
 
 #include <cstdlib>
 #include <initializer_list>

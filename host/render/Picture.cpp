@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Picture.h"
+#include "host/render/Picture.h"
 
 #include <stdexcept>
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Renderer.h"
+#include "host/render/Renderer.h"
 
 #include <algorithm>
 #include <array>
@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "OffscreenContext.h"
-#include "Shaders.h"
+#include "host/render/OffscreenContext.h"
+#include "host/render/Shaders.h"
 
 namespace qel::host {
 namespace {

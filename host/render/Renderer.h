@@ -7,12 +7,12 @@
 
 #include <qel/api/camera/CameraAPIIf.h>
 
-#include "CameraView.h"
-#include "FrameBuffer.h"
-#include "Mesh.h"
-#include "Picture.h"
-#include "Program.h"
-#include "Stroke.h"
+#include "host/render/CameraView.h"
+#include "host/render/FrameBuffer.h"
+#include "host/render/Picture.h"
+#include "host/render/ShaderProgram.h"
+#include "host/render/Stroke.h"
+#include "host/scene/Mesh.h"
 
 namespace qel::host {
 
@@ -43,9 +43,9 @@ private:
 
     [[nodiscard]] Rows worldFromModel() const;
 
-    Program mBackgroundProgram;
-    Program mMeshProgram;
-    Program mLineProgram;
+    ShaderProgram mBackgroundProgram;
+    ShaderProgram mMeshProgram;
+    ShaderProgram mLineProgram;
     GLuint mEmptyArray = 0;
     GLuint mMeshArray = 0;
     GLuint mBoxArray = 0;

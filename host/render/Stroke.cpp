@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Stroke.h"
+#include "host/render/Stroke.h"
 
 #include <algorithm>
 #include <array>

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "CameraView.h"
-#include "Geometry.h"
+#include "host/render/CameraView.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "WindowContext.h"
+#include "host/render/WindowContext.h"
 
 #include <cmath>
 #include <string>
 
 #include <GLFW/glfw3.h>
 
-#include "OffscreenContext.h"
+#include "host/render/OffscreenContext.h"
 
 namespace qel::host {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Geometry.h"
+#include "host/scene/Geometry.h"
 
 struct GLFWwindow;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Mesh.h"
+#include "host/scene/Mesh.h"
 
 #include <algorithm>
 #include <cmath>

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "Geometry.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host {
 

@@ -13,7 +13,7 @@
 #include <qel/api/camera/CameraAPIIf.h>
 #include <qel/api/camera/Operations.h>
 
-#include "Geometry.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host {
 

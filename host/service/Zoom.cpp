@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Zoom.h"
+#include "host/service/Zoom.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 
-#include "ServiceCall.h"
+#include "host/service/ServiceCall.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Agreement.h"
+#include "host/show/Agreement.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-#include "StateImage.h"
+#include "host/show/StateBlob.h"
 
 namespace qel::host {
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "Agreement.h"
-#include "StateReport.h"
+#include "host/show/Agreement.h"
+#include "host/show/StateReport.h"
 
 namespace qel::host {
 

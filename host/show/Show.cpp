@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Show.h"
+#include "host/show/Show.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 #include <qel/api/camera/Fields.h>
 
-#include "RecordJson.h"
+#include "host/console/RecordJson.h"
 
 namespace qel::host {
 

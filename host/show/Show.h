@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Json.h"
-#include "StateReport.h"
+#include "host/console/Json.h"
+#include "host/show/StateReport.h"
 
 namespace qel::host {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "StateReport.h"
+#include "host/show/StateReport.h"
 
 #include <charconv>
 #include <cmath>
 
-#include "Agreement.h"
-#include "NumberText.h"
+#include "host/console/NumberText.h"
+#include "host/show/Agreement.h"
 
 namespace qel::host {
 

@@ -10,7 +10,7 @@
 
 #include <qel/api/camera/States.h>
 
-#include "StateImage.h"
+#include "host/show/StateBlob.h"
 
 namespace qel::host {
 

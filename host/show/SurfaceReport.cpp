@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <array>
 
-#include "Agreement.h"
-#include "StateReport.h"
+#include "host/show/Agreement.h"
+#include "host/show/StateReport.h"
 
 namespace qel::host {
 

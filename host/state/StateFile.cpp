@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "StateFile.h"
+#include "host/state/StateFile.h"
 
 #include <cstdint>
 #include <fstream>

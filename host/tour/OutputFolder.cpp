@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "OutputFolder.h"
+#include "host/tour/OutputFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,7 +12,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "Page.h"
+#include "host/tour/Page.h"
 
 namespace qel::host {
 namespace {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Page.h"
+#include "host/tour/Page.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
 
-#include "PageStyle.h"
-#include "Service.h"
+#include "host/tour/CallRecorder.h"
+#include "host/tour/PageStyle.h"
 
 namespace qel::host {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Stage.h"
+#include "host/tour/Stage.h"
 
 #include <cmath>
 #include <limits>

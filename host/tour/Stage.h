@@ -8,10 +8,10 @@
 
 #include <qel/api/camera/CameraAPIIf.h>
 
-#include "Geometry.h"
-#include "Renderer.h"
-#include "Service.h"
-#include "Stroke.h"
+#include "host/render/Renderer.h"
+#include "host/render/Stroke.h"
+#include "host/scene/Geometry.h"
+#include "host/tour/CallRecorder.h"
 
 namespace qel::host {
 
@@ -33,7 +33,7 @@ public:
           std::int32_t windowHeight)
         : service(component), box(modelBox), width(windowWidth), height(windowHeight), mRenderer(renderer) {}
 
-    Service service;
+    CallRecorder service;
     const Box box;
     const std::int32_t width;  ///< of the window, in pixels
     const std::int32_t height; ///< of the window, in pixels

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "Steps.h"
+#include "host/tour/TourSteps.h"
 
 namespace qel::host {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Steps.h"
+#include "host/tour/TourSteps.h"
 
 namespace qel::host {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Tour.h"
+#include "host/tour/Tour.h"
 
 #include <cstdio>
 #include <fstream>
@@ -8,13 +8,13 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "Mesh.h"
-#include "OffscreenContext.h"
-#include "OutputFolder.h"
-#include "Picture.h"
-#include "Renderer.h"
-#include "Stage.h"
-#include "Steps.h"
+#include "host/render/OffscreenContext.h"
+#include "host/render/Picture.h"
+#include "host/render/Renderer.h"
+#include "host/scene/Mesh.h"
+#include "host/tour/OutputFolder.h"
+#include "host/tour/Stage.h"
+#include "host/tour/TourSteps.h"
 
 namespace qel::host {
 namespace {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Page.h"
+#include "host/tour/Page.h"
 
 namespace qel::host {
 

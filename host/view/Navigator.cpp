@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Navigator.h"
+#include "host/view/Navigator.h"
 
 #include <cmath>
 #include <utility>
 
-#include "ServiceCall.h"
-#include "Zoom.h"
+#include "host/service/ServiceCall.h"
+#include "host/service/Zoom.h"
 
 namespace qel::host {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Viewer.h"
+#include "host/view/Viewer.h"
 
 #include <cstdio>
 #include <exception>
@@ -7,11 +7,11 @@
 #include <GLFW/glfw3.h>
 #include <qel/host/ComponentLoader.h>
 
-#include "Mesh.h"
-#include "Navigator.h"
-#include "Renderer.h"
-#include "StateFile.h"
-#include "WindowContext.h"
+#include "host/render/Renderer.h"
+#include "host/render/WindowContext.h"
+#include "host/scene/Mesh.h"
+#include "host/state/StateFile.h"
+#include "host/view/Navigator.h"
 
 namespace qel::host {
 namespace {

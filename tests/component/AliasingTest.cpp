@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <memory>
 
-#include "support/AllocationCount.h"
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
+#include "tests/component/support/AllocationCount.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

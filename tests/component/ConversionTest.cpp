@@ -8,11 +8,11 @@
 #include <type_traits>
 #include <utility>
 
-#include "Arguments.h"
-#include "CameraLibraryHandler.h"
-#include "Failure.h"
-#include "LittleEndian.h"
-#include "StateConversion.h"
+#include "component/CameraLibraryHandler.h"
+#include "component/Failure.h"
+#include "component/LittleEndian.h"
+#include "component/ReadArguments.h"
+#include "component/StateConversion.h"
 
 namespace qel::api::camera {
 

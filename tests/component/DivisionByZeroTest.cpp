@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/StateBench.h"
+#include "tests/component/support/StateBench.h"
 
 namespace qel::api::camera::test {
 

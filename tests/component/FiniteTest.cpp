@@ -11,11 +11,11 @@
 #include <tuple>
 #include <vector>
 
-#include "support/Calls.h"
-#include "support/Finite.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
-#include "support/Slots.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/Finite.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
+#include "tests/component/support/Slots.h"
 
 namespace qel::api::camera::test {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <type_traits>
 
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
 
 namespace qel::api::camera::test {
 

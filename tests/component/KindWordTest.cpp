@@ -3,10 +3,10 @@
 
 #include <cstdint>
 
-#include "support/Calls.h"
-#include "support/Images.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
+#include "tests/component/support/Blobs.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

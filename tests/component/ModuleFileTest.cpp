@@ -4,8 +4,8 @@
 
 #include <link.h>
 
-#include "support/ElfFile.h"
-#include "support/Sanitized.h"
+#include "tests/component/support/ElfFile.h"
+#include "tests/component/support/Sanitized.h"
 
 namespace qel::api::camera::test {
 

@@ -9,10 +9,10 @@
 #include <optional>
 #include <string>
 
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
-#include "support/Sanitized.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
+#include "tests/component/support/Sanitized.h"
 
 namespace qel::api::camera::test {
 

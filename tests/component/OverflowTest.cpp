@@ -4,7 +4,7 @@
 #include <numbers>
 #include <ostream>
 
-#include "support/StateBench.h"
+#include "tests/component/support/StateBench.h"
 
 namespace qel::api::camera::test {
 

@@ -5,8 +5,8 @@
 #include <limits>
 #include <numbers>
 
-#include "support/Calls.h"
-#include "support/Values.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/ExpectValues.h"
 
 namespace qel::api::camera::test {
 

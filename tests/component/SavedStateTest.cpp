@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "support/LoadedModule.h"
-#include "support/SavedStates.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/SavedStates.h"
 
 namespace qel::api::camera::test {
 

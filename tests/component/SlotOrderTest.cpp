@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
-#include "support/Samples.h"
-#include "support/Slots.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
+#include "tests/component/support/Slots.h"
 
 namespace qel::api::camera::test {
 

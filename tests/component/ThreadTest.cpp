@@ -17,8 +17,8 @@
 #include <thread>
 #include <vector>
 
-#include "support/LoadedModule.h"
-#include "support/RepeatedCalls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/RepeatedCalls.h"
 
 namespace qel::api::camera::test {
 

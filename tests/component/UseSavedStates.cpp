@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <exception>
 
-#include "support/LoadedModule.h"
-#include "support/SavedStates.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/SavedStates.h"
 
 int main(int argc, char** argv) {
     using namespace qel::api::camera::test;

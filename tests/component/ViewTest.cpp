@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "support/Calls.h"
-#include "support/Values.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/ExpectValues.h"
 
 namespace qel::api::camera::test {
 

@@ -12,7 +12,7 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "TemporaryFolder.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Desktop.h"
+#include "tests/host/Desktop.h"
 
 namespace qel::host::test {
 namespace {

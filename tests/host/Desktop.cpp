@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Desktop.h"
+#include "tests/host/Desktop.h"
 
 #include <array>
 #include <chrono>

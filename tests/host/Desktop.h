@@ -9,8 +9,8 @@
 
 #include <sys/types.h>
 
-#include "Picture.h"
-#include "TemporaryFolder.h"
+#include "host/render/Picture.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 

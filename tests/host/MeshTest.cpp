@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Mesh.h"
+#include "host/scene/Mesh.h"
 
 #include <cmath>
 #include <string>
@@ -7,8 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ModelFiles.h"
-#include "TemporaryFolder.h"
+#include "tests/host/ModelFiles.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

@@ -9,8 +9,8 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "Navigator.h"
-#include "Sight.h"
+#include "host/view/Navigator.h"
+#include "tests/host/Sight.h"
 
 namespace qel::host::test {
 

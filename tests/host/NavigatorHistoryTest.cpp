@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "NavigatorFixture.h"
+#include "tests/host/NavigatorFixture.h"
 
 namespace qel::host::test {
 namespace {

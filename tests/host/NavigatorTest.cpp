@@ -5,10 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include "NavigatorFixture.h"
-#include "StateFile.h"
-#include "TemporaryFolder.h"
-#include "WindowContext.h"
+#include "host/render/WindowContext.h"
+#include "host/state/StateFile.h"
+#include "tests/host/NavigatorFixture.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

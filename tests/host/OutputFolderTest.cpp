@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "OutputFolder.h"
+#include "host/tour/OutputFolder.h"
 
 #include <optional>
 #include <string>
@@ -7,8 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Page.h"
-#include "TemporaryFolder.h"
+#include "host/tour/Page.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

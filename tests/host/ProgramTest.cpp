@@ -8,11 +8,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ModelFiles.h"
-#include "RunProgram.h"
-#include "SeenPicture.h"
-#include "TemporaryFolder.h"
-#include "Tour.h"
+#include "host/tour/Tour.h"
+#include "tests/host/ModelFiles.h"
+#include "tests/host/RunProgram.h"
+#include "tests/host/SeenPicture.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

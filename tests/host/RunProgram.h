@@ -8,7 +8,7 @@
 
 #include <sys/wait.h>
 
-#include "TemporaryFolder.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 

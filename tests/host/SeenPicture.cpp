@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "SeenPicture.h"
+#include "tests/host/SeenPicture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <optional>
 
-#include "Geometry.h"
-#include "Picture.h"
-#include "Stroke.h"
+#include "host/render/Picture.h"
+#include "host/render/Stroke.h"
+#include "host/scene/Geometry.h"
 
 namespace qel::host::test {
 

@@ -8,9 +8,9 @@
 
 #include <qel/api/camera/States.h>
 
-#include "CameraView.h"
-#include "Geometry.h"
-#include "Mesh.h"
+#include "host/render/CameraView.h"
+#include "host/scene/Geometry.h"
+#include "host/scene/Mesh.h"
 
 namespace qel::host::test {
 

@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "StateFile.h"
-#include "TemporaryFolder.h"
+#include "host/state/StateFile.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

@@ -12,11 +12,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "CameraView.h"
-#include "Mesh.h"
-#include "SeenPicture.h"
-#include "TemporaryFolder.h"
-#include "Tour.h"
+#include "host/render/CameraView.h"
+#include "host/scene/Mesh.h"
+#include "host/tour/Tour.h"
+#include "tests/host/SeenPicture.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

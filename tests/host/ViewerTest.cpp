@@ -9,12 +9,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Desktop.h"
-#include "OffscreenContext.h"
-#include "Renderer.h"
-#include "Sight.h"
-#include "StateFile.h"
-#include "Viewer.h"
+#include "host/render/OffscreenContext.h"
+#include "host/render/Renderer.h"
+#include "host/state/StateFile.h"
+#include "host/view/Viewer.h"
+#include "tests/host/Desktop.h"
+#include "tests/host/Sight.h"
 
 namespace qel::host::test {
 namespace {

@@ -3,10 +3,10 @@
 
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
-#include "Tolerances.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "math/Tolerances.h"
+#include "tests/impl/RandomCameras.h"
 
 // The world point under the pixel stays under it. Every camera of these classes obeys, with one limit that is
 // required: the view ignores a translation of at most 1e-7, so a drag or a zoom that moves the eye by less leaves the

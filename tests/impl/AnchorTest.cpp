@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "CameraTesting.h"
-#include "PlanarCamera.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

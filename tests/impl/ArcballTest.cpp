@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "CameraTesting.h"
-#include "PlanarCamera.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

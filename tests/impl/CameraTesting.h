@@ -11,14 +11,14 @@
 #include <cstdint>
 #include <string>
 
-#include "Matrices.h"
-#include "Near.h"
-#include "Pipeline.h"
-#include "PlanarCamera.h"
-#include "Projection.h"
-#include "Surface.h"
-#include "Vectors.h"
-#include "View.h"
+#include "impl/PlanarCamera.h"
+#include "impl/Projection.h"
+#include "impl/Surface.h"
+#include "impl/View.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
+#include "math/Vectors.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "tests/impl/RandomCameras.h"
 
 // The ways in which a finite camera and finite arguments come to infinities or NaN after all: required, as nothing
 // guards them. Each with its smallest example, and most with its neighbour that stays finite.

@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "tests/impl/RandomCameras.h"
 
 // No operation makes a non-finite camera of a finite one and finite arguments of ordinary size, those on special
 // places (zero, one, the corners of a grid, the bounds of the depth) included. The exceptions, each with its smallest

@@ -5,9 +5,9 @@
 #include <array>
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "tests/impl/RandomCameras.h"
 
 namespace qel::api::camera::test {
 namespace {

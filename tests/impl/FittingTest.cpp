@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "CameraTesting.h"
-#include "PlanarCamera.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <type_traits>
 
-#include "Camera.h"
-#include "CameraTesting.h"
-#include "PlanarCamera.h"
+#include "impl/Camera.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "CameraTesting.h"
-#include "Pipeline.h"
-#include "Projection.h"
+#include "impl/Projection.h"
+#include "math/Pipeline.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <type_traits>
 
-#include "CameraTesting.h"
-#include "Pipeline.h"
-#include "Projection.h"
+#include "impl/Projection.h"
+#include "math/Pipeline.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <string>
 
-#include "CameraTesting.h"
-#include "Near.h"
-#include "PlanarCamera.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/CameraTesting.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 

@@ -6,8 +6,8 @@
 #include <functional>
 #include <string>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/RandomCameras.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "CameraTesting.h"
-#include "PlanarCamera.h"
-#include "SpaceTransforms.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

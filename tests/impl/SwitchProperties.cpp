@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
+#include "impl/PlanarCamera.h"
+#include "tests/impl/RandomCameras.h"
 
 namespace qel::api::camera::test {
 namespace {

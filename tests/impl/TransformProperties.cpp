@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "tests/impl/RandomCameras.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "CameraTesting.h"
-#include "View.h"
+#include "impl/View.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "CameraTesting.h"
-#include "View.h"
+#include "impl/View.h"
+#include "tests/impl/CameraTesting.h"
 
 namespace qel::api::camera::test {
 namespace {

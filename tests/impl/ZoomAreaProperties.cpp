@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlanarCamera.h"
-#include "RandomCameras.h"
-#include "SpaceTransforms.h"
-#include "Tolerances.h"
+#include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
+#include "math/Tolerances.h"
+#include "tests/impl/RandomCameras.h"
 
 // A zoom area's rectangle, shown after the operation at the depth of its nearer corner, lies within the window and
 // touches it in one direction: so it is for every rectangle that on the near plane (orthographic: anywhere) is at

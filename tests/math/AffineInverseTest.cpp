@@ -3,10 +3,10 @@
 
 #include <cmath>
 
-#include "Matrices.h"
-#include "Near.h"
-#include "Quaternions.h"
-#include "Tolerances.h"
+#include "math/Matrices.h"
+#include "math/Quaternions.h"
+#include "math/Tolerances.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

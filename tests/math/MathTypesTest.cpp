@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "Matrices.h"
-#include "Near.h"
-#include "Pipeline.h"
-#include "Quaternions.h"
-#include "Tolerances.h"
-#include "Vectors.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
+#include "math/Quaternions.h"
+#include "math/Tolerances.h"
+#include "math/Vectors.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

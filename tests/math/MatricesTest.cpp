@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "Matrices.h"
-#include "Near.h"
+#include "math/Matrices.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

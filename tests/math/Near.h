@@ -12,10 +12,10 @@
 #include <random>
 #include <utility>
 
-#include "Matrices.h"
-#include "Pipeline.h"
-#include "Quaternions.h"
-#include "Vectors.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
+#include "math/Quaternions.h"
+#include "math/Vectors.h"
 
 // How gtest shows the mathematics. It finds these by the namespace of what it shows.
 namespace qel::api::camera::math {

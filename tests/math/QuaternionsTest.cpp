@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "Near.h"
-#include "Quaternions.h"
+#include "math/Quaternions.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "Matrices.h"
-#include "Near.h"
-#include "Quaternions.h"
+#include "math/Matrices.h"
+#include "math/Quaternions.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

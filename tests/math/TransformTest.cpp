@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "Matrices.h"
-#include "Near.h"
-#include "Pipeline.h"
+#include "math/Matrices.h"
+#include "math/Pipeline.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

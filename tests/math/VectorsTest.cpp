@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "Near.h"
-#include "Vectors.h"
+#include "math/Vectors.h"
+#include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
 namespace {

@@ -13,8 +13,8 @@
 
 #include <qel/api/camera/Operations.h>
 
-#include "Contents.h"
-#include "RecordedArguments.h"
+#include "tests/reliability/Contents.h"
+#include "tests/reliability/RecordedArguments.h"
 
 namespace qel::test {
 

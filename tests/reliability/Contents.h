@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "support/RecordFields.h"
+#include "tests/component/support/RecordFields.h"
 
 namespace qel::test {
 

@@ -9,7 +9,7 @@
 #include <limits>
 #include <vector>
 
-#include "Contents.h"
+#include "tests/reliability/Contents.h"
 
 namespace qel::test {
 

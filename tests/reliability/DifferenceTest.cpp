@@ -10,8 +10,8 @@
 
 #include <qel/api/camera/Results.h>
 
-#include "Difference.h"
-#include "support/Images.h"
+#include "tests/component/support/Blobs.h"
+#include "tests/reliability/Difference.h"
 
 namespace qel::test {
 

@@ -17,11 +17,11 @@
 #include <vector>
 
 #include <qel/api/base/BaseAPIIf.h>
-#include <qel/api/base/Fields.h>
+#include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Fields.h>
 #include <qel/api/camera/Operations.h>
 
-#include "support/ElfFile.h"
+#include "tests/component/support/ElfFile.h"
 
 namespace qel::api::camera::test {
 

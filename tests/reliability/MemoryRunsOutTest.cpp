@@ -13,14 +13,14 @@
 
 #include <qel/api/base/BaseAPIIf.h>
 
-#include "Allocations.h"
-#include "Identity.h"
-#include "PartlyWritten.h"
-#include "support/Calls.h"
-#include "support/LoadedModule.h"
-#include "support/RecordFields.h"
-#include "support/Samples.h"
-#include "support/Slots.h"
+#include "component/Identity.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/RecordFields.h"
+#include "tests/component/support/Samples.h"
+#include "tests/component/support/Slots.h"
+#include "tests/reliability/Allocations.h"
+#include "tests/reliability/PartlyWritten.h"
 
 namespace qel::api::camera::test {
 

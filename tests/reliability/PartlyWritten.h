@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "support/RecordFields.h"
+#include "tests/component/support/RecordFields.h"
 
 namespace qel::api::camera::test {
 

@@ -15,9 +15,9 @@
 
 #include <qel/api/camera/Operations.h>
 
-#include "Contents.h"
-#include "RecordedNumbers.h"
-#include "support/Images.h"
+#include "tests/component/support/Blobs.h"
+#include "tests/reliability/Contents.h"
+#include "tests/reliability/RecordedNumbers.h"
 
 namespace qel::test {
 

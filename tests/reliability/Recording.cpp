@@ -36,10 +36,10 @@
 #include <qel/api/base/BaseAPIIf.h>
 #include <qel/api/camera/Operations.h>
 
-#include "Census.h"
-#include "Difference.h"
-#include "RecordedArguments.h"
-#include "RecordingFile.h"
+#include "tests/reliability/Census.h"
+#include "tests/reliability/Difference.h"
+#include "tests/reliability/RecordedArguments.h"
+#include "tests/reliability/RecordingFile.h"
 
 namespace qel::test {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "support/RecordFields.h"
+#include "tests/component/support/RecordFields.h"
 
 namespace qel::test {
 

@@ -31,7 +31,7 @@ struct Field {
 /// The field table of a record: a std::tuple of its Field entries in declared order, which is the order of
 /// writing and printing. Ids are explicit and ascending. Everything that treats a record field by field
 /// (reading, writing, printing, comparing, a host's own tools) folds over this table.
-/// Defined in <qel/api/base/Fields.h> and <qel/api/camera/Fields.h>.
+/// Defined in <qel/api/base/BaseFields.h> and <qel/api/camera/Fields.h>.
 template <class Record>
 struct FieldTable;
 

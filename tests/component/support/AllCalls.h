@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "Calls.h"
-#include "Samples.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "AllocationCount.h"
+#include "tests/component/support/AllocationCount.h"
 
 #include <cstdlib>
 #include <new>

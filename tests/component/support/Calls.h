@@ -11,7 +11,7 @@
 
 #include <qel/api/camera/Operations.h>
 
-#include "RecordFields.h"
+#include "tests/component/support/RecordFields.h"
 
 namespace qel::api::camera::test {
 

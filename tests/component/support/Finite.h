@@ -6,8 +6,8 @@
 
 #include <qel/api/camera/States.h>
 
-#include "Images.h"
-#include "RecordFields.h"
+#include "tests/component/support/Blobs.h"
+#include "tests/component/support/RecordFields.h"
 
 namespace qel::api::camera::test {
 

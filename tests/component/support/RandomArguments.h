@@ -14,8 +14,8 @@
 
 #include <qel/api/camera/Operations.h>
 
-#include "Images.h"
-#include "Samples.h"
+#include "tests/component/support/Blobs.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <vector>
 
-#include <qel/api/base/Fields.h>
+#include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Fields.h>
 
 namespace qel::api::camera::test {

@@ -13,8 +13,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "Calls.h"
-#include "Samples.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

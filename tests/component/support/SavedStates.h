@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "AllCalls.h"
+#include "tests/component/support/AllCalls.h"
 
 namespace qel::api::camera::test {
 

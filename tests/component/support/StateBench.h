@@ -4,10 +4,10 @@
 #include <string>
 #include <type_traits>
 
-#include "Calls.h"
-#include "Finite.h"
-#include "LoadedModule.h"
-#include "Samples.h"
+#include "tests/component/support/Calls.h"
+#include "tests/component/support/Finite.h"
+#include "tests/component/support/LoadedModule.h"
+#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 

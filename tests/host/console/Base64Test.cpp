@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Base64.h"
+#include "host/console/Base64.h"
 
 namespace qel::host::test {
 namespace {

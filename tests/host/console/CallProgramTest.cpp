@@ -10,9 +10,9 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "../RunProgram.h"
-#include "RecordJson.h"
-#include "StateFile.h"
+#include "host/console/RecordJson.h"
+#include "host/state/StateFile.h"
+#include "tests/host/RunProgram.h"
 
 namespace qel::host::test {
 namespace {

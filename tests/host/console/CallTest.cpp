@@ -10,10 +10,10 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "../TemporaryFolder.h"
-#include "Arguments.h"
-#include "Call.h"
-#include "RecordJson.h"
+#include "host/console/Call.h"
+#include "host/console/CallArguments.h"
+#include "host/console/RecordJson.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "Json.h"
+#include "host/console/Json.h"
 
 namespace qel::host::test {
 namespace {

@@ -11,7 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "NumberText.h"
+#include "host/console/NumberText.h"
 
 namespace qel::host::test {
 namespace {

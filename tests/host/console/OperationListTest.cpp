@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "OperationList.h"
+#include "host/console/OperationList.h"
 
 namespace qel::host::test {
 namespace {

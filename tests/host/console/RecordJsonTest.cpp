@@ -12,9 +12,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "../../interface/AllRecords.h"
-#include "../../interface/RandomRecords.h"
-#include "RecordJson.h"
+#include "host/console/RecordJson.h"
+#include "tests/records/AllRecords.h"
+#include "tests/records/RandomRecords.h"
 
 namespace qel::host::test {
 namespace {

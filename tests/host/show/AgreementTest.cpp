@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Agreement.h"
-#include "StateImage.h"
+#include "host/show/Agreement.h"
+#include "host/show/StateBlob.h"
 
 namespace qel::host::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "../RunProgram.h"
+#include "tests/host/RunProgram.h"
 
 namespace qel::host::test {
 namespace {

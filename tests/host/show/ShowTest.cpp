@@ -13,8 +13,8 @@
 
 #include <qel/host/ComponentLoader.h>
 
-#include "RecordJson.h"
-#include "Show.h"
+#include "host/console/RecordJson.h"
+#include "host/show/Show.h"
 
 namespace qel::host::test {
 namespace {

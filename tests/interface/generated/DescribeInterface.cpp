@@ -14,7 +14,7 @@
 #include <qel/api/camera/Fields.h>
 #include <qel/api/camera/Operations.h>
 
-#include "../AllRecords.h"
+#include "tests/records/AllRecords.h"
 
 namespace qel::api {
 namespace {

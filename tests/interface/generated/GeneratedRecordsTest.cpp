@@ -14,10 +14,10 @@
 #include <qel/api/camera/Fields.h>
 
 #include "CameraAPI.h"
-#include "EventProtocol.h"
-#include "RandomRecords.h"
-#include "WireBytes.h"
 #include "camera_fields.h"
+#include "tests/records/RandomRecords.h"
+#include "tests/wire/EventProtocol.h"
+#include "tests/wire/WireBytes.h"
 
 // The records written by hand beside those that Thrift's compiler generates from the interface description. The field
 // table of a generated record is ours with the namespace changed, so the same seed fills both alike.

@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include <qel/api/Field.h>
-#include <qel/api/base/Fields.h>
+#include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Results.h>
 #include <qel/api/camera/States.h>
 #include <qel/api/camera/Values.h>

@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <iosfwd>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include <gtest/gtest.h>
+#include <thrift/TBase.h>
+
+#include <qel/api/camera/CameraAPIIf.h>
+#include <qel/api/camera/Fields.h>
+
+#include "tests/records/AllRecords.h"
+#include "tests/records/RandomRecords.h"
+
+namespace qel::api {
+namespace {
+
+using base::ServiceResult;
+using camera::Matrix;
+using camera::ProjectionState;
+using camera::ProjectionType;
+using camera::Vector;
+
+// What the check of a table's ids refuses.
+template <int first, int second>
+struct Pretended {
+    int mA = 0;
+    int mB = 0;
+    struct {
+        bool mA : 1;
+        bool mB : 1;
+    } __isset{};
+};
+
+template <class Record>
+constexpr bool hasTheShapeOfARecord() {
+    static_assert(std::is_base_of_v<::apache::thrift::TBase, Record>);
+    static_assert(!std::is_final_v<Record>);
+    static_assert(std::has_virtual_destructor_v<Record>);
+    static_assert(std::is_nothrow_default_constructible_v<Record>);
+    static_assert(std::is_copy_constructible_v<Record> && std::is_copy_assignable_v<Record>);
+    static_assert(std::is_nothrow_move_constructible_v<Record>);
+    static_assert(std::is_nothrow_move_assignable_v<Record>);
+    static_assert(std::is_nothrow_swappable_v<Record>);
+    static_assert(!std::is_aggregate_v<Record>);
+    static_assert(!std::is_convertible_v<int, Record> && !std::is_convertible_v<double, Record> &&
+                  !std::is_convertible_v<std::string, Record>);
+    static_assert(std::is_same_v<decltype(&Record::printTo), void (Record::*)(std::ostream&) const>);
+    static_assert(std::is_trivially_copyable_v<decltype(Record::__isset)>);
+    static_assert(sizeof(Record::__isset) == 1, "one bit a field, and no record has more than eight");
+    return true;
+}
+
+template <class... Records>
+constexpr bool haveTheShapeOfARecord(RecordList<Records...>) {
+    return (hasTheShapeOfARecord<Records>() && ...);
+}
+static_assert(haveTheShapeOfARecord(AllRecords{}));
+
+// A virtual base cannot be reached by a static_cast downwards.
+template <class Record>
+concept CastFromBase = requires(::apache::thrift::TBase& base) {
+    static_cast<Record&>(base);
+};
+static_assert(!CastFromBase<Vector> && !CastFromBase<ServiceResult>);
+
+// Any 32-bit number may be stored in an enumeration; without a fixed type that would be undefined.
+static_assert(std::is_same_v<std::underlying_type_t<ProjectionType::type>, std::int32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<camera::CameraAPIError::type>, std::int32_t>);
+static_assert(ProjectionType::PERSPECTIVE == 0 && ProjectionType::ORTHOGRAPHIC == 1);
+static_assert(camera::CameraAPIError::CAMERA_API_SUCCESS == 0);
+static_assert(camera::CameraAPIError::CAMERA_API_ERROR_INVALID_ID == 1);
+static_assert(camera::CameraAPIError::CAMERA_API_ERROR_CREATION_FAILED == 2);
+static_assert(camera::CameraAPIError::CAMERA_API_ERROR_DESTRUCTION_FAILED == 3);
+static_assert(camera::CameraAPIError::CAMERA_API_ERROR_CALL_FAILED == 4);
+static_assert(camera::CameraAPIError::CAMERA_API_ERROR_UNKNOWN == -1);
+
+template <class Record>
+class EveryRecord : public ::testing::Test {};
+TYPED_TEST_SUITE(EveryRecord, AllRecords::AsGtestTypes);
+
+template <class Record>
+std::size_t flagsRaised(const Record& record) {
+    std::size_t raised = 0;
+    forEachField<Record>([&](const auto& field) { raised += field.isSet(record) ? 1U : 0U; });
+    return raised;
+}
+
+TYPED_TEST(EveryRecord, StartsEmptyWithNoFlagRaised) {
+    const TypeParam record;
+    EXPECT_EQ(flagsRaised(record), 0U);
+    forEachField<TypeParam>([&](const auto& field) {
+        using Value = typename std::remove_cvref_t<decltype(field)>::Value;
+        EXPECT_EQ(record.*field.member, Value{}) << field.name;
+    });
+}
+
+/// The flags as bits, the first field's lowest: bit-fields start at that end, but at the other on big-endian machines.
+/// The bits behind the last field's are nobody's.
+template <class Record>
+unsigned flagBits(const Record& record) {
+    unsigned char byte = 0;
+    static_assert(sizeof(byte) == sizeof(record.__isset));
+    std::memcpy(&byte, &record.__isset, sizeof(byte));
+    if constexpr (std::endian::native == std::endian::big) {
+        unsigned char reversed = 0;
+        for (int i = 0; i < 8; ++i) {
+            reversed = static_cast<unsigned char>((reversed << 1) | ((byte >> i) & 1));
+        }
+        byte = reversed;
+    }
+    constexpr auto fields = std::tuple_size_v<std::remove_const_t<decltype(FieldTable<Record>::fields)>>;
+    return byte & ((1U << fields) - 1);
+}
+
+TYPED_TEST(EveryRecord, HasOneFlagAFieldInFieldOrder) {
+    TypeParam record;
+    EXPECT_EQ(flagBits(record), 0U);
+    unsigned bit = 1;
+    forEachField<TypeParam>([&](const auto& field) {
+        field.markSet(record, true);
+        EXPECT_EQ(flagBits(record), bit) << field.name;
+        EXPECT_TRUE(field.isSet(record)) << field.name;
+        field.markSet(record, false);
+        bit <<= 1;
+    });
+    EXPECT_EQ(flagBits(record), 0U);
+}
+
+TYPED_TEST(EveryRecord, CopiesAndMovesValuesAndFlags) {
+    RandomRecords random(7);
+    for (int i = 0; i < 20; ++i) {
+        const auto original = random.make<TypeParam>();
+        const TypeParam copy(original);
+        EXPECT_TRUE(identical(copy, original));
+        TypeParam assigned = random.make<TypeParam>();
+        assigned = original;
+        EXPECT_TRUE(identical(assigned, original));
+        TypeParam moved(std::move(assigned));
+        EXPECT_TRUE(identical(moved, original));
+        TypeParam moveAssigned = random.make<TypeParam>();
+        moveAssigned = std::move(moved);
+        EXPECT_TRUE(identical(moveAssigned, original));
+    }
+}
+
+TYPED_TEST(EveryRecord, SwapsValuesAndFlags) {
+    RandomRecords random(11);
+    for (int i = 0; i < 20; ++i) {
+        const auto first = random.make<TypeParam>();
+        const auto second = random.make<TypeParam>();
+        TypeParam a(first);
+        TypeParam b(second);
+        swap(a, b);
+        EXPECT_TRUE(identical(a, second));
+        EXPECT_TRUE(identical(b, first));
+        swap(a, a);
+        EXPECT_TRUE(identical(a, second));
+    }
+}
+
+TYPED_TEST(EveryRecord, EqualsByItsFieldsAlone) {
+    RandomRecords random(13);
+    for (int i = 0; i < 20; ++i) {
+        const auto original = random.make<TypeParam>();
+        forEachField<TypeParam>([&](const auto& field) {
+            TypeParam other(original);
+            random.change(other.*field.member);
+            field.markSet(other, field.form == Form::optional || field.isSet(other));
+            EXPECT_FALSE(other == original) << field.name;
+            EXPECT_TRUE(other != original) << field.name;
+            if (field.form == Form::optional) {
+                return;
+            }
+            TypeParam flagged(original);
+            field.markSet(flagged, !field.isSet(flagged));
+            EXPECT_TRUE(flagged == original) << field.name;
+        });
+        EXPECT_TRUE(original == TypeParam(original));
+    }
+}
+
+TEST(ServiceResult, AnAbsentMessageEqualsAnAbsentOneWhateverItHolds) {
+    ServiceResult a;
+    ServiceResult b;
+    a.mMessage = "left over";
+    EXPECT_TRUE(a == b);
+    b.__set_mMessage("left over");
+    EXPECT_FALSE(a == b);
+    a.__isset.mMessage = true;
+    EXPECT_TRUE(a == b);
+}
+
+TEST(ServiceResult, SettersStoreAndRaiseTheFlag) {
+    ServiceResult result;
+    result.__set_mError(-1);
+    EXPECT_EQ(result.mError, -1);
+    EXPECT_TRUE(result.__isset.mError);
+    EXPECT_FALSE(result.__isset.mMessage);
+    result.__set_mMessage("no");
+    EXPECT_EQ(result.mMessage, "no");
+    EXPECT_TRUE(result.__isset.mMessage);
+}
+
+/// The setter stores its value in the member and raises the member's flag; the other fields and flags stay.
+template <class Record, class Parameter, class Value>
+void expectSets(void (Record::*set)(Parameter), Value Record::*member) {
+    RandomRecords random(19);
+    auto record = random.make<Record>();
+    forEachField<Record>([&](const auto& field) { field.markSet(record, false); });
+    const Record before(record);
+    Value value = before.*member;
+    random.change(value);
+    (record.*set)(value);
+    forEachField<Record>([&](const auto& field) {
+        bool itself = false;
+        if constexpr (std::is_same_v<decltype(field.member), Value Record::*>) {
+            itself = field.member == member;
+        }
+        EXPECT_EQ(field.isSet(record), itself) << field.name;
+        if (!itself) {
+            EXPECT_TRUE(identical(record.*field.member, before.*field.member)) << field.name;
+        }
+    });
+    EXPECT_TRUE(identical(record.*member, value));
+}
+
+TEST(Setters, StoreAndRaiseTheFlagOfTheirOwnFieldAlone) {
+    using namespace camera;
+    using base::StringResult;
+    expectSets(&ServiceResult::__set_mError, &ServiceResult::mError);
+    expectSets(&ServiceResult::__set_mMessage, &ServiceResult::mMessage);
+    expectSets(&StringResult::__set_mResult, &StringResult::mResult);
+    expectSets(&StringResult::__set_mValue, &StringResult::mValue);
+    expectSets(&Vector::__set_mData, &Vector::mData);
+    expectSets(&Quaternion::__set_mData, &Quaternion::mData);
+    expectSets(&Matrix::__set_mData, &Matrix::mData);
+    expectSets(&Frustum::__set_mLeft, &Frustum::mLeft);
+    expectSets(&Frustum::__set_mRight, &Frustum::mRight);
+    expectSets(&Frustum::__set_mBottom, &Frustum::mBottom);
+    expectSets(&Frustum::__set_mTop, &Frustum::mTop);
+    expectSets(&Frustum::__set_mNearDist, &Frustum::mNearDist);
+    expectSets(&Frustum::__set_mFarDist, &Frustum::mFarDist);
+    expectSets(&Viewport::__set_mX, &Viewport::mX);
+    expectSets(&Viewport::__set_mY, &Viewport::mY);
+    expectSets(&Viewport::__set_mWidth, &Viewport::mWidth);
+    expectSets(&Viewport::__set_mHeight, &Viewport::mHeight);
+    expectSets(&Viewport::__set_mDepthMin, &Viewport::mDepthMin);
+    expectSets(&Viewport::__set_mDepthMax, &Viewport::mDepthMax);
+    expectSets(&ViewState::__set_mViewTransformMatrix, &ViewState::mViewTransformMatrix);
+    expectSets(&ViewState::__set_mViewMatrix, &ViewState::mViewMatrix);
+    expectSets(&ViewState::__set_mEye, &ViewState::mEye);
+    expectSets(&ViewState::__set_mDirection, &ViewState::mDirection);
+    expectSets(&ViewState::__set_mOrientation, &ViewState::mOrientation);
+    expectSets(&ViewState::__set_mPrivate, &ViewState::mPrivate);
+    expectSets(&ProjectionState::__set_mProjectionMatrix, &ProjectionState::mProjectionMatrix);
+    expectSets(&ProjectionState::__set_mProjectionType, &ProjectionState::mProjectionType);
+    expectSets(&ProjectionState::__set_mFrustum, &ProjectionState::mFrustum);
+    expectSets(&ProjectionState::__set_mPrivate, &ProjectionState::mPrivate);
+    expectSets(&SurfaceState::__set_mViewport, &SurfaceState::mViewport);
+    expectSets(&SurfaceState::__set_mResolutionX, &SurfaceState::mResolutionX);
+    expectSets(&SurfaceState::__set_mResolutionY, &SurfaceState::mResolutionY);
+    expectSets(&SurfaceState::__set_mPrivate, &SurfaceState::mPrivate);
+    expectSets(&PlanarCameraState::__set_mViewState, &PlanarCameraState::mViewState);
+    expectSets(&PlanarCameraState::__set_mProjectionState, &PlanarCameraState::mProjectionState);
+    expectSets(&PlanarCameraState::__set_mSurfaceState, &PlanarCameraState::mSurfaceState);
+    expectSets(&PlanarCameraState::__set_mPrivate, &PlanarCameraState::mPrivate);
+    expectSets(&VectorResult::__set_mValue, &VectorResult::mValue);
+    expectSets(&VectorResult::__set_mResult, &VectorResult::mResult);
+    expectSets(&MatrixResult::__set_mValue, &MatrixResult::mValue);
+    expectSets(&MatrixResult::__set_mResult, &MatrixResult::mResult);
+    expectSets(&ViewStateResult::__set_mValue, &ViewStateResult::mValue);
+    expectSets(&ViewStateResult::__set_mResult, &ViewStateResult::mResult);
+    expectSets(&ProjectionStateResult::__set_mValue, &ProjectionStateResult::mValue);
+    expectSets(&ProjectionStateResult::__set_mResult, &ProjectionStateResult::mResult);
+    expectSets(&SurfaceStateResult::__set_mValue, &SurfaceStateResult::mValue);
+    expectSets(&SurfaceStateResult::__set_mResult, &SurfaceStateResult::mResult);
+    expectSets(&PlanarCameraStateResult::__set_mValue, &PlanarCameraStateResult::mValue);
+    expectSets(&PlanarCameraStateResult::__set_mResult, &PlanarCameraStateResult::mResult);
+    expectSets(&DoubleResult::__set_mResult, &DoubleResult::mResult);
+    expectSets(&DoubleResult::__set_mValue, &DoubleResult::mValue);
+}
+
+TEST(ProjectionState, StartsPerspective) { EXPECT_EQ(ProjectionState().mProjectionType, ProjectionType::PERSPECTIVE); }
+
+TEST(ProjectionType, NamesItsTwoValuesAndNoOther) {
+    EXPECT_STREQ(camera::nameOf(ProjectionType::PERSPECTIVE), "PERSPECTIVE");
+    EXPECT_STREQ(camera::nameOf(ProjectionType::ORTHOGRAPHIC), "ORTHOGRAPHIC");
+    EXPECT_EQ(camera::nameOf(static_cast<ProjectionType::type>(2)), nullptr);
+    EXPECT_EQ(camera::nameOf(static_cast<ProjectionType::type>(-1)), nullptr);
+}
+
+} // namespace
+
+template <int first, int second>
+struct FieldTable<Pretended<first, second>> {
+    using Record = Pretended<first, second>;
+    static constexpr std::tuple fields{QEL_API_FIELD(first, Record, mA, plain),
+                                       QEL_API_FIELD(second, Record, mB, plain)};
+};
+static_assert(fieldIdsAreSound<Pretended<1, 2>>());
+static_assert(fieldIdsAreSound<Pretended<1, 16>>());
+static_assert(!fieldIdsAreSound<Pretended<1, 1>>(), "not unique");
+static_assert(!fieldIdsAreSound<Pretended<2, 1>>(), "not ascending");
+static_assert(!fieldIdsAreSound<Pretended<0, 1>>(), "not from 1");
+static_assert(!fieldIdsAreSound<Pretended<1, 17>>(), "a step too wide");
+
+} // namespace qel::api

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include <gtest/gtest.h>
+#include <thrift/protocol/TBinaryProtocol.h>
+#include <thrift/protocol/TCompactProtocol.h>
+#include <thrift/protocol/TJSONProtocol.h>
+
+#include "tests/records/RandomRecords.h"
+
+namespace qel::api {
+
+using ::apache::thrift::protocol::TBinaryProtocol;
+using ::apache::thrift::protocol::TCompactProtocol;
+using ::apache::thrift::protocol::TJSONProtocol;
+
+/// A host's own protocol, which the records do not know: they use its calls.
+struct OwnBinary : TBinaryProtocol {
+    using TBinaryProtocol::TBinaryProtocol;
+};
+struct OwnCompact : TCompactProtocol {
+    using TCompactProtocol::TCompactProtocol;
+};
+
+/// Every way in which a record can be read and written.
+using WireProtocols = ::testing::Types<TBinaryProtocol, ::apache::thrift::protocol::TLEBinaryProtocol, TCompactProtocol,
+                                       TJSONProtocol, OwnBinary, OwnCompact>;
+
+/// Records that a protocol brings back as they were.
+template <class Protocol>
+RandomRecords randomRecordsFor(std::uint64_t seed) {
+    RandomRecords random(seed);
+    if constexpr (std::is_same_v<Protocol, TJSONProtocol>) {
+        random.noZeroBytesInTexts();
+    }
+    return random;
+}
+
+template <class Protocol>
+void writeNumberField(Protocol& protocol, std::int16_t id, double value) {
+    protocol.writeFieldBegin("", ::apache::thrift::protocol::T_DOUBLE, id);
+    protocol.writeDouble(value);
+    protocol.writeFieldEnd();
+}
+
+} // namespace qel::api
