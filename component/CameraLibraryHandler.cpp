@@ -8,6 +8,7 @@
 
 namespace qel::api::camera {
 
+using namespace component;
 using base::StringResult;
 
 namespace {
@@ -17,15 +18,17 @@ struct Identity {
     const char* version;
 };
 
-constexpr Identity componentIdentity{"CameraAPI", CAMERA_COMPONENT_VERSION};
+/// What the component tells about itself. Its version is that of what it does, not that of a package or an interface.
+constexpr Identity componentIdentity{"CameraAPI", "0.3.10"};
 constexpr const char* componentVariant = "";
 
-/// The revision of the base interface that this component was made for. No operation reports it.
-[[maybe_unused]] constexpr Identity baseInterfaceIdentity{"BaseAPI", "1.0"};
+/// The revision of the base interface that this component was made for. No operation reports it; it stands in the
+/// module for whoever looks into the file.
+[[gnu::used, gnu::retain]] constexpr Identity baseInterfaceIdentity{"BaseAPI", "1.0"};
 
 } // namespace
 
-void identify(StringResult& _return, const char* value, const Failure& failure) noexcept {
+void component::identify(StringResult& _return, const char* value, const Failure failure) noexcept {
     try {
         StringResult result;
         result.mValue = value;

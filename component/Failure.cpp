@@ -3,16 +3,17 @@
 
 #include <string>
 
-namespace qel::api::camera {
+namespace qel::api::camera::component {
 
-void Failure::report(base::ServiceResult& result) const noexcept {
-    result.__set_mError(mError);
+[[gnu::cold]] void reportFailure(base::ServiceResult& result, const std::int32_t error, const char* before,
+                                 const char* operation, const char* after) noexcept {
+    result.__set_mError(error);
     try {
-        result.__set_mMessage(std::string(mBefore) + mOperation + mAfter);
+        result.__set_mMessage(std::string(before) + operation + after);
     } catch (...) {
         result.mMessage.clear();
         result.__isset.mMessage = false;
     }
 }
 
-} // namespace qel::api::camera
+} // namespace qel::api::camera::component

@@ -6,11 +6,15 @@
 #include <qel/api/base/Records.h>
 #include <qel/api/camera/Values.h>
 
-namespace qel::api::camera {
+namespace qel::api::camera::component {
 
-/// What an operation reports when anything is thrown inside it. Costs nothing until then.
-class Failure {
-public:
+/// Sets the code and a message in three pieces, which are joined only now. Where there is no memory even for the
+/// message, the code alone is set and the record holds no message.
+void reportFailure(base::ServiceResult& result, std::int32_t error, const char* before, const char* operation,
+                   const char* after) noexcept;
+
+/// What an operation reports when anything is thrown inside it.
+struct Failure {
     /// "Call to <operation>() failed."; the operation is its own name, as __func__ gives it.
     static constexpr Failure ofCall(const char* operation,
                                     CameraAPIError::type error = CameraAPIError::CAMERA_API_ERROR_UNKNOWN) noexcept {
@@ -22,18 +26,14 @@ public:
         return {text, "", "", CameraAPIError::CAMERA_API_ERROR_UNKNOWN};
     }
 
-    /// Sets code and message. Where there is no memory even for the message, the code alone is set and the record
-    /// holds no message.
-    void report(base::ServiceResult& result) const noexcept;
+    [[gnu::always_inline]] void report(base::ServiceResult& result) const noexcept {
+        reportFailure(result, error, before, operation, after);
+    }
 
-private:
-    constexpr Failure(const char* before, const char* operation, const char* after, std::int32_t error) noexcept
-        : mBefore(before), mOperation(operation), mAfter(after), mError(error) {}
-
-    const char* mBefore;
-    const char* mOperation;
-    const char* mAfter;
-    std::int32_t mError;
+    const char* before;
+    const char* operation;
+    const char* after;
+    std::int32_t error;
 };
 
-} // namespace qel::api::camera
+} // namespace qel::api::camera::component

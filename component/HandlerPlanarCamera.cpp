@@ -7,47 +7,35 @@
 
 namespace qel::api::camera {
 
+using namespace component;
+
 using impl::PlanarCamera;
-using impl::View;
 
 void CameraLibraryHandler::planarCameraCreateDefault(PlanarCameraStateResult& _return) {
     answer(_return, Failure::withText("Unable to create default PlanarCamera object."), [&] { return PlanarCamera(); });
 }
 
-// These four put a camera together from images.
-
 void CameraLibraryHandler::planarCameraCreate(PlanarCameraStateResult& _return, const ViewState& view,
                                               const ProjectionState& projection, const SurfaceState& surface) {
-    answer(_return, Failure::withText("Unable to create PlanarCamera object from arguments."), [&] {
-        return CameraBytes{{}, {viewImageOf(view)}, {projectionImageOf(projection)}, {surfaceImageOf(surface)}};
-    });
+    answer(_return, Failure::withText("Unable to create PlanarCamera object from arguments."),
+           [&] { return PlanarCamera(blobOf(view), blobOf(projection), blobOf(surface)); });
 }
 
 void CameraLibraryHandler::planarCameraSetView(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                const ViewState& view) {
-    answer(_return, Failure::ofCall(__func__), [&] {
-        CameraBytes camera = bytesOf(state);
-        camera.view = {viewImageOf(view)};
-        return camera;
-    });
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) { camera.setView(blobOf(view)); });
 }
 
 void CameraLibraryHandler::planarCameraSetProjection(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                      const ProjectionState& projection) {
-    answer(_return, Failure::ofCall(__func__), [&] {
-        CameraBytes camera = bytesOf(state);
-        camera.projection = {projectionImageOf(projection)};
-        return camera;
-    });
+    change(_return, Failure::ofCall(__func__), state,
+           [&](PlanarCamera& camera) { camera.setProjection(blobOf(projection)); });
 }
 
 void CameraLibraryHandler::planarCameraSetSurface(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                                   const SurfaceState& surface) {
-    answer(_return, Failure::ofCall(__func__), [&] {
-        CameraBytes camera = bytesOf(state);
-        camera.surface = {surfaceImageOf(surface)};
-        return camera;
-    });
+    change(_return, Failure::ofCall(__func__), state,
+           [&](PlanarCamera& camera) { camera.setSurface(blobOf(surface)); });
 }
 
 void CameraLibraryHandler::planarCameraUpdateWindowSize(PlanarCameraStateResult& _return,
@@ -60,7 +48,7 @@ void CameraLibraryHandler::planarCameraUpdateWindowSize(PlanarCameraStateResult&
 void CameraLibraryHandler::planarCameraUpdateClippingPlanes(PlanarCameraStateResult& _return,
                                                             const PlanarCameraState& state, const Vector& centre,
                                                             const double radius, const double minimumNearDist) {
-    changeViewAndProjection(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
         camera.updateClippingPlanes(toVec3(centre, "centre"), radius, minimumNearDist);
     });
 }
@@ -69,7 +57,7 @@ void CameraLibraryHandler::planarCameraFitWorldSpaceBoundingBox(PlanarCameraStat
                                                                 const PlanarCameraState& state, const double x1,
                                                                 const double y1, const double z1, const double x2,
                                                                 const double y2, const double z2) {
-    changeViewAndProjection(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
         camera.fitWorldSpaceBoundingBox({{x1, y1, z1}, {x2, y2, z2}});
     });
 }
@@ -78,7 +66,7 @@ void CameraLibraryHandler::planarCameraFitViewSpaceBoundingBox(PlanarCameraState
                                                                const PlanarCameraState& state, const double xMin,
                                                                const double yMin, const double zMin, const double xMax,
                                                                const double yMax, const double zMax) {
-    changeViewAndProjection(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
         camera.fitViewSpaceBoundingBox({{xMin, yMin, zMin}, {xMax, yMax, zMax}});
     });
 }
@@ -87,7 +75,7 @@ void CameraLibraryHandler::planarCameraSwitchProjectionType(PlanarCameraStateRes
                                                             const PlanarCameraState& state, const double x1,
                                                             const double y1, const double z1, const double x2,
                                                             const double y2, const double z2) {
-    changeViewAndProjection(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
         camera.switchProjectionType({{x1, y1, z1}, {x2, y2, z2}});
     });
 }
@@ -95,8 +83,8 @@ void CameraLibraryHandler::planarCameraSwitchProjectionType(PlanarCameraStateRes
 void CameraLibraryHandler::planarCameraSetViewAlongWorldAxis(PlanarCameraStateResult& _return,
                                                              const PlanarCameraState& state, const Vector& target,
                                                              const Vector& axis, const Vector& up) {
-    changeView(_return, Failure::ofCall(__func__), state, [&](View& view) {
-        view.setViewAlongWorldAxis(toVec3(target, "target"), toVec3(axis, "axis"), toVec3(up, "up"));
+    change(_return, Failure::ofCall(__func__), state, [&](PlanarCamera& camera) {
+        camera.view().setViewAlongWorldAxis(toVec3(target, "target"), toVec3(axis, "axis"), toVec3(up, "up"));
     });
 }
 

@@ -7,14 +7,15 @@
 
 namespace qel::api::camera {
 
+using namespace component;
+
 using impl::Projection;
 
 namespace {
 
-/// The road of the three getters: unlike the other operations they reset the outcome on success, without touching the
-/// message's set-flag.
+/// The three getters reset the outcome on success, unlike the other operations, and leave the message's set-flag alone.
 template <class Get>
-void get(DoubleResult& _return, const Failure& failure, const ProjectionState& state, const Get& get) noexcept {
+void get(DoubleResult& _return, const Failure failure, const ProjectionState& state, const Get& get) noexcept {
     attempt(_return, failure, [&] {
         _return.mValue = get(toObject(state));
         _return.mResult.mError = CameraAPIError::CAMERA_API_SUCCESS;

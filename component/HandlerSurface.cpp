@@ -7,6 +7,8 @@
 
 namespace qel::api::camera {
 
+using namespace component;
+
 using impl::Surface;
 
 void CameraLibraryHandler::surfaceCreateDefault(SurfaceStateResult& _return) {

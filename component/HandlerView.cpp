@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "component/CameraLibraryHandler.h"
 
-#include <cstddef>
-
 #include "component/Facade.h"
 #include "component/ReadArguments.h"
-#include "component/ReadImage.h"
 #include "impl/View.h"
 
 namespace qel::api::camera {
 
+using namespace component;
+
 using impl::View;
-
-namespace {
-
-// Of the view a transform reads the one matrix that it needs.
-
-math::Mat4 viewMatrixOf(const ViewState& state) {
-    return readMatrix<4>(viewImageOf(state) + offsetof(ViewImage, viewMatrix));
-}
-
-math::Mat4 viewTransformMatrixOf(const ViewState& state) {
-    return readMatrix<4>(viewImageOf(state) + offsetof(ViewImage, viewTransformMatrix));
-}
-
-} // namespace
 
 void CameraLibraryHandler::viewCreateDefault(ViewStateResult& _return) {
     answer(_return, Failure::withText("Unable to create View object."), [&] { return View(); });
@@ -115,25 +100,25 @@ void CameraLibraryHandler::viewRotateAboutViewAxes(ViewStateResult& _return, con
 void CameraLibraryHandler::viewTransformWorldVectorToViewVector(VectorResult& _return, const ViewState& state,
                                                                 const Vector& vector) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return transformVector(viewMatrixOf(state), toVec3(vector, "vector")); });
+           [&] { return toObject(state).worldToViewVector(toVec3(vector, "vector")); });
 }
 
 void CameraLibraryHandler::viewTransformViewVectorToWorldVector(VectorResult& _return, const ViewState& state,
                                                                 const Vector& vector) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return transformVector(viewTransformMatrixOf(state), toVec3(vector, "vector")); });
+           [&] { return toObject(state).viewToWorldVector(toVec3(vector, "vector")); });
 }
 
 void CameraLibraryHandler::viewTransformWorldPointToViewPoint(VectorResult& _return, const ViewState& state,
                                                               const Vector& point) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return transformPlacementPoint(viewMatrixOf(state), toVec3(point, "point")); });
+           [&] { return toObject(state).worldToViewPoint(toVec3(point, "point")); });
 }
 
 void CameraLibraryHandler::viewTransformViewPointToWorldPoint(VectorResult& _return, const ViewState& state,
                                                               const Vector& point) {
     answer(_return, Failure::ofCall(__func__),
-           [&] { return transformPlacementPoint(viewTransformMatrixOf(state), toVec3(point, "point")); });
+           [&] { return toObject(state).viewToWorldPoint(toVec3(point, "point")); });
 }
 
 } // namespace qel::api::camera

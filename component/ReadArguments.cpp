@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace qel::api::camera {
+namespace qel::api::camera::component {
 
 void throwTooShort(const char* argument, const std::size_t expected, const char* what, const std::size_t size) {
     throw std::invalid_argument(std::string("argument ") + argument + ": expected " + std::to_string(expected) + ' ' +
@@ -28,4 +28,4 @@ math::Mat4 toMat4(const Matrix& matrix, const char* argument) {
             math::MatrixKind::general};
 }
 
-} // namespace qel::api::camera
+} // namespace qel::api::camera::component

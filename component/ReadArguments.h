@@ -11,7 +11,7 @@
 #include "math/Quaternions.h"
 #include "math/Vectors.h"
 
-namespace qel::api::camera {
+namespace qel::api::camera::component {
 
 // Argument records to internal values. Lists that are too short throw std::invalid_argument, which names the argument;
 // surplus values are ignored.
@@ -56,4 +56,4 @@ void expectAtLeast(const List& list, std::size_t count, const char* argument, co
 /// Sizes in pixels cross the interface as signed numbers and are meant as unsigned ones.
 [[nodiscard]] constexpr std::uint32_t toPixels(std::int32_t size) noexcept { return static_cast<std::uint32_t>(size); }
 
-} // namespace qel::api::camera
+} // namespace qel::api::camera::component

@@ -10,12 +10,18 @@ namespace qel::api::camera::impl {
 /// and the hooks of its kind.
 class Camera {
 public:
+    /// All that a camera of no particular kind holds, as it stands in a blob.
+    struct Block {
+        std::uint64_t firstWord = 0;
+        std::uint64_t secondWord = 0;
+    };
+
     virtual ~Camera() = default;
 
-    virtual void setFirstWord(std::uint64_t word) { mFirstWord = word; }
-    [[nodiscard]] virtual std::uint64_t firstWord() const { return mFirstWord; }
-    virtual void setSecondWord(std::uint64_t word) { mSecondWord = word; }
-    [[nodiscard]] virtual std::uint64_t secondWord() const { return mSecondWord; }
+    virtual void setFirstWord(std::uint64_t word) { mWords.firstWord = word; }
+    [[nodiscard]] virtual std::uint64_t firstWord() const { return mWords.firstWord; }
+    virtual void setSecondWord(std::uint64_t word) { mWords.secondWord = word; }
+    [[nodiscard]] virtual std::uint64_t secondWord() const { return mWords.secondWord; }
 
     virtual void updateFromScreen() = 0;
     virtual void updateFromWindow() = 0;
@@ -26,9 +32,7 @@ protected:
     Camera(const Camera&) = default;
     Camera& operator=(const Camera&) = default;
 
-private:
-    std::uint64_t mFirstWord = 0;
-    std::uint64_t mSecondWord = 0;
+    Block mWords; ///< in front of all that a kind of camera adds
 };
 
 } // namespace qel::api::camera::impl

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "impl/Blob.h"
 #include "impl/Camera.h"
 #include "impl/Projection.h"
 #include "impl/Surface.h"
@@ -38,23 +40,38 @@ struct Pixel {
 /// other steps of the operation stay done.
 class PlanarCamera final : public Camera {
 public:
-    PlanarCamera() = default;
-    PlanarCamera(const View& view, const Projection& projection, const Surface& surface) noexcept
-        : mView(view), mProjection(projection), mSurface(surface) {}
+    /// Where the blobs of the parts stand in that of the camera.
+    static constexpr std::size_t viewInBlob = blobSize<Camera>;
+    static constexpr std::size_t projectionInBlob = viewInBlob + blobSize<View>;
+    static constexpr std::size_t surfaceInBlob = projectionInBlob + blobSize<Projection>;
 
-    /// The parts come from functions, so that each is made where it stays and never copied.
-    template <std::invocable MakeView, std::invocable MakeProjection, std::invocable MakeSurface>
-    PlanarCamera(const MakeView& makeView, const MakeProjection& makeProjection, const MakeSurface& makeSurface)
-        : mView(makeView()), mProjection(makeProjection()), mSurface(makeSurface()) {}
+    PlanarCamera() = default;
+    /// The camera that the bytes hold: its words, and its parts each with a blob of its own.
+    explicit PlanarCamera(ConstBlobBytes<1080> blob) noexcept
+        : PlanarCamera(blob.subspan<viewInBlob, blobSize<View>>(),
+                       blob.subspan<projectionInBlob, blobSize<Projection>>(),
+                       blob.subspan<surfaceInBlob, blobSize<Surface>>()) {
+        BlobReader in(blob.data());
+        mWords = in.next<Camera::Block>();
+    }
+    /// A new camera made of parts.
+    PlanarCamera(ConstBlobBytes<384> view, ConstBlobBytes<336> projection, ConstBlobBytes<336> surface) noexcept
+        : mView(view), mProjection(projection), mSurface(surface) {}
+    void writeTo(BlobBytes<1080> blob) const noexcept {
+        BlobWriter(blob.data()).put(mWords);
+        mView.writeTo(blob.subspan<viewInBlob, blobSize<View>>());
+        mProjection.writeTo(blob.subspan<projectionInBlob, blobSize<Projection>>());
+        mSurface.writeTo(blob.subspan<surfaceInBlob, blobSize<Surface>>());
+    }
 
     [[nodiscard]] View& view() noexcept { return mView; }
     [[nodiscard]] const View& view() const noexcept { return mView; }
     [[nodiscard]] const Projection& projection() const noexcept { return mProjection; }
     [[nodiscard]] const Surface& surface() const noexcept { return mSurface; }
 
-    void setView(const View& view) { mView = view; }
-    void setProjection(const Projection& projection) { mProjection = projection; }
-    void setSurface(const Surface& surface) { mSurface = surface; }
+    void setView(ConstBlobBytes<384> blob) noexcept { std::construct_at(&mView, blob); }
+    void setProjection(ConstBlobBytes<336> blob) noexcept { std::construct_at(&mProjection, blob); }
+    void setSurface(ConstBlobBytes<336> blob) noexcept { std::construct_at(&mSurface, blob); }
 
     /// Resizes surface and frustum together: the frustum's extent per pixel is kept, so that a larger window shows
     /// more of the scene.
@@ -87,12 +104,7 @@ public:
 
     /// Turns the view about a world point as if a ball in the window were dragged from one pixel to another. Throws
     /// std::domain_error for a surface of no height, which only a forged image has.
-    void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to) {
-        arcballRotation(mView, mSurface, centre, from, to);
-    }
-    /// The same with the parts of a camera that it needs.
-    static void arcballRotation(View& view, const Surface& surface, const math::Vec3& centre, const Pixel& from,
-                                const Pixel& to);
+    void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to);
 
     /// Not yet implemented: each prints one line to standard output and changes nothing.
     void updateFromScreen() override;
@@ -106,5 +118,12 @@ private:
     Projection mProjection;
     Surface mSurface;
 };
+
+template <>
+inline constexpr std::size_t blobSize<PlanarCamera> = PlanarCamera::surfaceInBlob + blobSize<Surface>;
+
+static_assert(sizeof(PlanarCamera) == 1080 && blobSize<PlanarCamera> == 1080);
+static_assert(PlanarCamera::viewInBlob == 24 && PlanarCamera::projectionInBlob == 408 &&
+              PlanarCamera::surfaceInBlob == 744);
 
 } // namespace qel::api::camera::impl

@@ -16,7 +16,7 @@ namespace {
 /// Half of the 45 degrees that a fitted box's diagonal fills.
 constexpr double halfFittingAngle = 0.39269908169872414;
 
-/// Larger than any coordinate of a box in practice; kept at the largest float, in a double, as required.
+/// Larger than any coordinate of a box in practice; kept at the largest float, in a double: saved cameras depend on it.
 constexpr double largestCoordinate = 3.4028234663852886e38;
 
 } // namespace

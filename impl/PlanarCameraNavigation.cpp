@@ -41,7 +41,7 @@ Vec3 projectToNear(const Vec3& point, const double nearDist) noexcept { return p
 ///
 /// Bell's variant of Shoemake's arcball (Graphics Interface 1992): a sphere that runs out into a hyperbolic sheet,
 /// so that no pixel is off the ball. The sheet begins at radius 0.5, nearer than where the two surfaces meet
-/// smoothly, and the aspect ratio is truncated to a whole number; both are required.
+/// smoothly, and the aspect ratio is truncated to a whole number; recorded drags depend on both.
 Vec3 arcballPoint(const Surface& surface, const Pixel& pixel) {
     const std::uint32_t resolutionX = surface.resolutionX();
     const std::uint32_t resolutionY = surface.resolutionY();
@@ -142,14 +142,13 @@ void PlanarCamera::panWithAnchor(const ScreenPoint& anchor, const std::int32_t d
     mView.translateInViewSpace({from.x - to.x, from.y - to.y, 0.0});
 }
 
-void PlanarCamera::arcballRotation(View& view, const Surface& surface, const Vec3& centre, const Pixel& from,
-                                   const Pixel& to) {
-    const Vec3 start = arcballPoint(surface, from);
-    const Vec3 end = arcballPoint(surface, to);
+void PlanarCamera::arcballRotation(const Vec3& centre, const Pixel& from, const Pixel& to) {
+    const Vec3 start = arcballPoint(mSurface, from);
+    const Vec3 end = arcballPoint(mSurface, to);
     Vec3 axis = cross(end, start);
     math::normalise3(axis);
     const double angle = std::acos(dot(start, end)); // not clamped: rounding may give NaN, which turns nothing
-    view.rotateAboutAxis(centre, view.rotation() * axis, angle, 0.0, View::PoleLimit::off);
+    mView.rotateAboutAxis(centre, mView.rotation() * axis, angle, 0.0, View::PoleLimit::off);
 }
 
 } // namespace qel::api::camera::impl

@@ -26,14 +26,6 @@ Extent extentOfAngle(const Extent& current, const double angle, const double nea
     return {std::tan(centre - angle / 2.0) * nearDist, std::tan(centre + angle / 2.0) * nearDist};
 }
 
-double angleOfExtent(Extent extent, const double nearDist) noexcept {
-    double lowDepth = nearDist;
-    double highDepth = nearDist;
-    math::normalise2(extent.low, lowDepth);
-    math::normalise2(extent.high, highDepth);
-    return std::acos(extent.low * extent.high + lowDepth * highDepth);
-}
-
 } // namespace
 
 Projection::Projection() { setPerspective(0.7853981633974483, 1.3333333333333333, 0.01, 10000.0); }
@@ -45,8 +37,8 @@ void Projection::setPerspective(const double verticalFoV, const double aspectRat
     }
     const double top = std::tan(verticalFoV / 2.0) * nearDist;
     const double right = top * aspectRatio;
-    mFrustum = {-right, right, -top, top, nearDist, farDist};
-    mType = 0;
+    mBlock.frustum = {-right, right, -top, top, nearDist, farDist};
+    mBlock.type.value = 0;
     rebuildMatrices();
 }
 
@@ -54,8 +46,8 @@ void Projection::setOrthographic(const double width, const double height, const 
     if (tolerance >= width || tolerance >= height || tolerance >= nearDist || nearDist >= farDist) {
         return;
     }
-    mFrustum = {-width / 2.0, width / 2.0, -height / 2.0, height / 2.0, nearDist, farDist};
-    mType = 1;
+    mBlock.frustum = {-width / 2.0, width / 2.0, -height / 2.0, height / 2.0, nearDist, farDist};
+    mBlock.type.value = 1;
     rebuildMatrices();
 }
 
@@ -63,7 +55,7 @@ void Projection::setHorizontalFoV(const double angle) {
     if (isOrthographic() || tolerance >= angle) {
         return;
     }
-    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto& [l, r, b, t, n, f] = mBlock.frustum;
     const double aspect = (r - l) / (t - b);
     const auto [left, right] = extentOfAngle({l, r}, angle, n);
     const double halfHeight = ((right - left) / aspect) / 2.0;
@@ -75,7 +67,7 @@ void Projection::setVerticalFoV(const double angle) {
     if (isOrthographic() || tolerance >= angle) {
         return;
     }
-    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto& [l, r, b, t, n, f] = mBlock.frustum;
     const double aspect = (r - l) / (t - b);
     const auto [bottom, top] = extentOfAngle({b, t}, angle, n);
     const double halfWidth = ((top - bottom) * aspect) / 2.0;
@@ -87,7 +79,7 @@ void Projection::setFoV(const double horizontal, const double vertical) {
     if (isOrthographic() || tolerance >= horizontal || tolerance >= vertical) {
         return;
     }
-    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto& [l, r, b, t, n, f] = mBlock.frustum;
     const auto [left, right] = extentOfAngle({l, r}, horizontal, n);
     const auto [bottom, top] = extentOfAngle({b, t}, vertical, n);
     setFrustum({left, right, bottom, top, n, f}, false);
@@ -97,18 +89,18 @@ void Projection::setAspectRatio(const double aspectRatio) {
     if (tolerance >= aspectRatio) {
         return;
     }
-    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto& [l, r, b, t, n, f] = mBlock.frustum;
     const double scale = ((r - l) / (t - b)) / aspectRatio;
     setFrustum({l, r, b * scale, t * scale, n, f}, isOrthographic());
 }
 
 void Projection::setNear(const double nearDist) {
-    if (tolerance >= nearDist || nearDist >= mFrustum.farDist) {
+    if (tolerance >= nearDist || nearDist >= mBlock.frustum.farDist) {
         return;
     }
-    Frustum frustum = mFrustum;
+    Frustum frustum = mBlock.frustum;
     if (!isOrthographic()) {
-        const double scale = nearDist / mFrustum.nearDist;
+        const double scale = nearDist / mBlock.frustum.nearDist;
         frustum = withSidesScaled(frustum, scale, scale);
     }
     frustum.nearDist = nearDist;
@@ -116,31 +108,31 @@ void Projection::setNear(const double nearDist) {
 }
 
 void Projection::setFar(const double farDist) {
-    if (mFrustum.nearDist >= farDist) {
+    if (mBlock.frustum.nearDist >= farDist) {
         return;
     }
-    Frustum frustum = mFrustum;
+    Frustum frustum = mBlock.frustum;
     frustum.farDist = farDist;
     setFrustum(frustum, isOrthographic());
 }
 
 void Projection::setProjectionMatrix(const Mat4& matrix, const bool orthographic) {
-    mMatrix = matrix;
-    mType = orthographic ? 1 : 0;
-    // mInverse is left alone on purpose, and near and far keep the sign that they come with: see the declaration.
-    mFrustum.left = math::transformPoint(mInverse, {-1.0, 0.0, -1.0}).x;
-    mFrustum.right = math::transformPoint(mInverse, {1.0, 0.0, -1.0}).x;
-    mFrustum.bottom = math::transformPoint(mInverse, {0.0, -1.0, -1.0}).y;
-    mFrustum.top = math::transformPoint(mInverse, {0.0, 1.0, -1.0}).y;
-    mFrustum.nearDist = math::transformPoint(mInverse, {0.0, 0.0, -1.0}).z;
-    mFrustum.farDist = math::transformPoint(mInverse, {0.0, 0.0, 1.0}).z;
+    mBlock.matrix = matrix;
+    mBlock.type.value = orthographic ? 1 : 0;
+    // mBlock.inverse is left alone on purpose, and near and far keep the sign that they come with: see the declaration.
+    mBlock.frustum.left = math::transformPoint(mBlock.inverse, {-1.0, 0.0, -1.0}).x;
+    mBlock.frustum.right = math::transformPoint(mBlock.inverse, {1.0, 0.0, -1.0}).x;
+    mBlock.frustum.bottom = math::transformPoint(mBlock.inverse, {0.0, -1.0, -1.0}).y;
+    mBlock.frustum.top = math::transformPoint(mBlock.inverse, {0.0, 1.0, -1.0}).y;
+    mBlock.frustum.nearDist = math::transformPoint(mBlock.inverse, {0.0, 0.0, -1.0}).z;
+    mBlock.frustum.farDist = math::transformPoint(mBlock.inverse, {0.0, 0.0, 1.0}).z;
 }
 
 void Projection::zoom(const double factor) {
     if (0.0 > factor) {
         return;
     }
-    const auto& [l, r, b, t, n, f] = mFrustum;
+    const auto& [l, r, b, t, n, f] = mBlock.frustum;
     const double centreX = (l + r) / 2.0;
     const double centreY = (b + t) / 2.0;
     const double halfWidth = (r - l) * factor / 2.0;
@@ -149,21 +141,10 @@ void Projection::zoom(const double factor) {
                isOrthographic());
 }
 
-double Projection::horizontalFoV() const noexcept {
-    return isOrthographic() ? 0.0 : angleOfExtent({mFrustum.left, mFrustum.right}, mFrustum.nearDist);
-}
-
-double Projection::verticalFoV() const noexcept {
-    return isOrthographic() ? 0.0 : angleOfExtent({mFrustum.bottom, mFrustum.top}, mFrustum.nearDist);
-}
-
-double Projection::aspectRatio() const noexcept {
-    return (mFrustum.right - mFrustum.left) / (mFrustum.top - mFrustum.bottom);
-}
-
 void Projection::rebuildMatrices() {
-    mMatrix = isOrthographic() ? math::makeOrtho(mFrustum) : math::makeFrustum(mFrustum);
-    mInverse = isOrthographic() ? math::makeOrthoInverse(mFrustum) : math::makeFrustumInverse(mFrustum);
+    mBlock.matrix = isOrthographic() ? math::makeOrtho(mBlock.frustum) : math::makeFrustum(mBlock.frustum);
+    mBlock.inverse =
+        isOrthographic() ? math::makeOrthoInverse(mBlock.frustum) : math::makeFrustumInverse(mBlock.frustum);
 }
 
 } // namespace qel::api::camera::impl

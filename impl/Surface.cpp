@@ -16,9 +16,9 @@ void Surface::update(const Viewport& viewport, const std::uint32_t resolutionX, 
         tolerance >= viewport.height || resolutionX == 0 || resolutionY == 0) {
         return;
     }
-    mViewport = viewport;
-    mResolutionX = resolutionX;
-    mResolutionY = resolutionY;
+    mBlock.viewport = viewport;
+    mBlock.resolutionX = resolutionX;
+    mBlock.resolutionY = resolutionY;
     rebuildMatrices();
 }
 
@@ -26,8 +26,8 @@ void Surface::setResolution(const std::uint32_t resolutionX, const std::uint32_t
     if (resolutionX == 0 || resolutionY == 0) {
         return;
     }
-    mResolutionX = resolutionX;
-    mResolutionY = resolutionY;
+    mBlock.resolutionX = resolutionX;
+    mBlock.resolutionY = resolutionY;
     rebuildMatrices();
 }
 
@@ -35,7 +35,7 @@ void Surface::setResolutionX(const std::uint32_t resolutionX) {
     if (resolutionX == 0) {
         return;
     }
-    mResolutionX = resolutionX;
+    mBlock.resolutionX = resolutionX;
     rebuildMatrices();
 }
 
@@ -43,15 +43,13 @@ void Surface::setResolutionY(const std::uint32_t resolutionY) {
     if (resolutionY == 0) {
         return;
     }
-    mResolutionY = resolutionY;
+    mBlock.resolutionY = resolutionY;
     rebuildMatrices();
 }
 
-void Surface::setViewport(const Viewport& viewport) { mViewport = viewport; }
-
 void Surface::rebuildMatrices() {
-    mMatrix = math::makeViewport(mViewport, mResolutionX, mResolutionY);
-    mInverse = math::makeViewportInverse(mViewport, mResolutionX, mResolutionY);
+    mBlock.matrix = math::makeViewport(mBlock.viewport, mBlock.resolutionX, mBlock.resolutionY);
+    mBlock.inverse = math::makeViewportInverse(mBlock.viewport, mBlock.resolutionX, mBlock.resolutionY);
 }
 
 } // namespace qel::api::camera::impl

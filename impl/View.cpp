@@ -37,19 +37,19 @@ void View::lookAt(const Vec3& eye, const Vec3& lookat, Vec3 up) {
     math::normalise3(side);
     const Vec3 newUp = cross(side, forward);
 
-    mViewMatrix = {{side.x, newUp.x, -forward.x, 0.0,                           //
-                    side.y, newUp.y, -forward.y, 0.0,                           //
-                    side.z, newUp.z, -forward.z, 0.0,                           //
-                    -dot(side, eye), -dot(newUp, eye), dot(forward, eye), 1.0}, //
-                   MatrixKind::general};
-    mRotation = {{side.x, side.y, side.z, newUp.x, newUp.y, newUp.z, -forward.x, -forward.y, -forward.z},
-                 MatrixKind::general};
-    mViewTransformMatrix = {{side.x, side.y, side.z, 0.0,             //
-                             newUp.x, newUp.y, newUp.z, 0.0,          //
-                             -forward.x, -forward.y, -forward.z, 0.0, //
-                             eye.x, eye.y, eye.z, 1.0},
-                            MatrixKind::general};
-    mEye = eye;
+    mBlock.viewMatrix = {{side.x, newUp.x, -forward.x, 0.0,                           //
+                          side.y, newUp.y, -forward.y, 0.0,                           //
+                          side.z, newUp.z, -forward.z, 0.0,                           //
+                          -dot(side, eye), -dot(newUp, eye), dot(forward, eye), 1.0}, //
+                         MatrixKind::general};
+    mBlock.rotation = {{side.x, side.y, side.z, newUp.x, newUp.y, newUp.z, -forward.x, -forward.y, -forward.z},
+                       MatrixKind::general};
+    mBlock.viewTransformMatrix = {{side.x, side.y, side.z, 0.0,             //
+                                   newUp.x, newUp.y, newUp.z, 0.0,          //
+                                   -forward.x, -forward.y, -forward.z, 0.0, //
+                                   eye.x, eye.y, eye.z, 1.0},
+                                  MatrixKind::general};
+    mBlock.eye = eye;
 }
 
 void View::orient(double x, double y, double z, double w) {
@@ -61,10 +61,10 @@ void View::orient(double x, double y, double z, double w) {
         w /= norm;
     }
     setRotation({x, y, z, w});
-    math::setLinearPart(mViewTransformMatrix, mRotation);
-    math::setLinearPart(mViewMatrix, transposed(mRotation));
+    math::setLinearPart(mBlock.viewTransformMatrix, mBlock.rotation);
+    math::setLinearPart(mBlock.viewMatrix, transposed(mBlock.rotation));
     updateViewMatrixTranslation();
-    mViewMatrix.mKind = withTranslation(mViewMatrix.mKind);
+    mBlock.viewMatrix.mKind = withTranslation(mBlock.viewMatrix.mKind);
 }
 
 void View::yaw(const double angle) { turnByTwice(angle, yAxis()); }
@@ -76,14 +76,14 @@ void View::turnByTwice(const double angle, const Vec3& axis) {
     if (std::abs(angle) <= tolerance) {
         return;
     }
-    setOrientation(math::quaternionOfHalfAngle(axis, angle) * math::mat3ToQuaternion(mRotation));
+    setOrientation(math::quaternionOfHalfAngle(axis, angle) * math::mat3ToQuaternion(mBlock.rotation));
 }
 
 void View::yawPitchRoll(const double yaw, const double pitch, const double roll) {
     if (std::abs(yaw) <= tolerance && std::abs(pitch) <= tolerance && std::abs(roll) <= tolerance) {
         return;
     }
-    Quat orientation = math::mat3ToQuaternion(mRotation);
+    Quat orientation = math::mat3ToQuaternion(mBlock.rotation);
     if (std::abs(pitch) > tolerance) {
         orientation = math::quaternionOfHalfAngle(xAxis(), pitch / 2.0) * orientation;
     }
@@ -100,27 +100,27 @@ void View::setViewAlongWorldAxis(const Vec3& target, Vec3 axis, const Vec3& up) 
     if (math::normalise3(axis) <= tolerance) {
         return;
     }
-    const double distance = length(mEye - target);
+    const double distance = length(mBlock.eye - target);
     if (distance > tolerance) {
         lookAt(target - axis * distance, target, up);
     } else {
-        lookAt(mEye, mEye + axis, up);
+        lookAt(mBlock.eye, mBlock.eye + axis, up);
     }
 }
 
 void View::setViewMatrix(const Mat4& matrix) {
-    mViewMatrix = matrix;
-    mRotation = transposed(math::mat3FromQuaternion(math::mat4ToQuaternion(mViewMatrix)));
-    mEye = -(mRotation * math::translation(mViewMatrix));
-    mViewTransformMatrix = math::affineInverse4(mViewMatrix);
+    mBlock.viewMatrix = matrix;
+    mBlock.rotation = transposed(math::mat3FromQuaternion(math::mat4ToQuaternion(mBlock.viewMatrix)));
+    mBlock.eye = -(mBlock.rotation * math::translation(mBlock.viewMatrix));
+    mBlock.viewTransformMatrix = math::affineInverse4(mBlock.viewMatrix);
 }
 
 void View::setViewTransformMatrix(const Mat4& matrix) {
-    mViewTransformMatrix = matrix;
+    mBlock.viewTransformMatrix = matrix;
     // The old view matrix, and no transpose: required, see the declaration.
-    setRotation(math::mat4ToQuaternion(mViewMatrix));
-    mEye = math::translation(matrix);
-    mViewMatrix = math::affineInverse4(matrix);
+    setRotation(math::mat4ToQuaternion(mBlock.viewMatrix));
+    mBlock.eye = math::translation(matrix);
+    mBlock.viewMatrix = math::affineInverse4(matrix);
 }
 
 void View::rotateAboutAxis(const Vec3& pivot, Vec3 axis, const double angle, const double tilt,
@@ -131,7 +131,7 @@ void View::rotateAboutAxis(const Vec3& pivot, Vec3 axis, const double angle, con
     if (math::normalise3(axis) <= tolerance) {
         return;
     }
-    Vec3 arm = mEye - pivot;
+    Vec3 arm = mBlock.eye - pivot;
     const double distance = math::normalise3(arm);
     const double cosine = dot(arm, axis);
 

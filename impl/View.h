@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
+
+#include "impl/Blob.h"
 #include "math/Matrices.h"
 #include "math/Quaternions.h"
 #include "math/Vectors.h"
@@ -14,43 +17,57 @@ namespace qel::api::camera::impl {
 /// space). Degenerate arguments leave the view as it is. Angles are radians.
 class View {
 public:
+    /// All that a view holds, as it stands in a blob.
+    struct Block {
+        math::Mat4 viewTransformMatrix;
+        math::Mat4 viewMatrix;
+        math::Mat3 rotation;
+        math::Vec3 eye;
+    };
+
     /// At the origin, looking along -z with y up.
     View();
 
     /// Looks from the eye at a point. Where that is degenerate the view stays blank: identity matrices, eye 0.
     View(const math::Vec3& eye, const math::Vec3& lookat, const math::Vec3& up);
 
-    /// Takes every part as given, consistent or not, as an image holds them.
-    View(const math::Mat4& viewTransformMatrix, const math::Mat4& viewMatrix, const math::Mat3& rotation,
-         const math::Vec3& eye) noexcept
-        : mViewTransformMatrix(viewTransformMatrix), mViewMatrix(viewMatrix), mRotation(rotation), mEye(eye) {}
+    /// The view that the bytes hold, every number as it stands there, consistent or not.
+    explicit View(ConstBlobBytes<384> blob) noexcept : View(BlobReader(blob.data())) {}
 
     View(const View&) = default;
     View& operator=(const View&) = default;
     virtual ~View() = default;
 
-    [[nodiscard]] const math::Mat4& viewTransformMatrix() const noexcept { return mViewTransformMatrix; }
-    [[nodiscard]] const math::Mat4& viewMatrix() const noexcept { return mViewMatrix; }
-    [[nodiscard]] const math::Mat3& rotation() const noexcept { return mRotation; }
-    [[nodiscard]] const math::Vec3& eye() const noexcept { return mEye; }
+    void writeTo(BlobBytes<384> blob) const noexcept {
+        BlobWriter out(blob.data());
+        out.put(mBlock.viewTransformMatrix);
+        out.put(mBlock.viewMatrix);
+        out.put(mBlock.rotation);
+        out.put(mBlock.eye);
+    }
+
+    [[nodiscard]] const math::Mat4& viewTransformMatrix() const noexcept { return mBlock.viewTransformMatrix; }
+    [[nodiscard]] const math::Mat4& viewMatrix() const noexcept { return mBlock.viewMatrix; }
+    [[nodiscard]] const math::Mat3& rotation() const noexcept { return mBlock.rotation; }
+    [[nodiscard]] const math::Vec3& eye() const noexcept { return mBlock.eye; }
 
     /// Where the view looks: the negated z axis.
-    [[nodiscard]] math::Vec3 direction() const noexcept { return -column(mRotation, 2); }
+    [[nodiscard]] math::Vec3 direction() const noexcept { return -column(mBlock.rotation, 2); }
 
     /// The view's axes in world space, as the rows of the view matrix hold them.
-    [[nodiscard]] math::Vec3 xAxis() const noexcept { return row(mViewMatrix, 0); }
-    [[nodiscard]] math::Vec3 yAxis() const noexcept { return row(mViewMatrix, 1); }
-    [[nodiscard]] math::Vec3 zAxis() const noexcept { return row(mViewMatrix, 2); }
+    [[nodiscard]] math::Vec3 xAxis() const noexcept { return row(mBlock.viewMatrix, 0); }
+    [[nodiscard]] math::Vec3 yAxis() const noexcept { return row(mBlock.viewMatrix, 1); }
+    [[nodiscard]] math::Vec3 zAxis() const noexcept { return row(mBlock.viewMatrix, 2); }
 
     /// Ignored where lookat is at the eye, up is zero, or up is parallel to the direction.
     void lookAt(const math::Vec3& eye, const math::Vec3& lookat, math::Vec3 up);
 
     void setEye(const math::Vec3& eye) {
-        mEye = eye;
+        mBlock.eye = eye;
         updateViewMatrixTranslation();
-        math::setTranslation(mViewTransformMatrix, eye);
-        mViewMatrix.mKind = withTranslation(mViewMatrix.mKind);
-        mViewTransformMatrix.mKind = withTranslation(mViewTransformMatrix.mKind);
+        math::setTranslation(mBlock.viewTransformMatrix, eye);
+        mBlock.viewMatrix.mKind = withTranslation(mBlock.viewMatrix.mKind);
+        mBlock.viewTransformMatrix.mKind = withTranslation(mBlock.viewTransformMatrix.mKind);
     }
 
     /// A quaternion too short to have a direction is used as it is, without an error.
@@ -71,12 +88,12 @@ public:
     /// Moves the eye by an offset along the view's axes, or along the world's.
     void translateInViewSpace(const math::Vec3& offset) {
         if (!isNegligible(offset)) {
-            setEye(mEye + mRotation * offset);
+            setEye(mBlock.eye + mBlock.rotation * offset);
         }
     }
     void translateInWorldSpace(const math::Vec3& offset) {
         if (!isNegligible(offset)) {
-            setEye(mEye + offset);
+            setEye(mBlock.eye + offset);
         }
     }
 
@@ -102,37 +119,43 @@ public:
     void rotateAboutViewAxes(const math::Vec3& pivot, double angle, double tilt);
 
     [[nodiscard]] math::Vec3 worldToViewVector(const math::Vec3& vector) const noexcept {
-        return math::transformVector(mViewMatrix, vector);
+        return math::transformVector(mBlock.viewMatrix, vector);
     }
     [[nodiscard]] math::Vec3 worldToViewPoint(const math::Vec3& point) const noexcept {
-        return math::transformPlacementPoint(mViewMatrix, point);
+        return math::transformPlacementPoint(mBlock.viewMatrix, point);
     }
     [[nodiscard]] math::Vec3 viewToWorldVector(const math::Vec3& vector) const noexcept {
-        return math::transformVector(mViewTransformMatrix, vector);
+        return math::transformVector(mBlock.viewTransformMatrix, vector);
     }
     [[nodiscard]] math::Vec3 viewToWorldPoint(const math::Vec3& point) const noexcept {
-        return math::transformPlacementPoint(mViewTransformMatrix, point);
+        return math::transformPlacementPoint(mBlock.viewTransformMatrix, point);
     }
 
 private:
+    /// Braces take the members in order.
+    explicit View(BlobReader in) noexcept
+        : mBlock{in.next<math::Mat4>(), in.next<math::Mat4>(), in.next<math::Mat3>(), in.next<math::Vec3>()} {}
+
     /// Takes the quaternion in registers: written number by number and read in pairs, it would wait for its memory.
     void orient(double x, double y, double z, double w);
     /// In place: a matrix made elsewhere would be copied through memory.
     void setRotation(const math::Quat& rotation) {
-        mRotation.mKind = math::MatrixKind::identity;
-        math::quaternionToMat3(rotation, mRotation);
+        mBlock.rotation.mKind = math::MatrixKind::identity;
+        math::quaternionToMat3(rotation, mBlock.rotation);
     }
     void turnByTwice(double angle, const math::Vec3& axis);
     /// The world origin seen from the view: -(transposed rotation times eye).
     void updateViewMatrixTranslation() {
-        math::setTranslation(mViewMatrix, -math::Vec3{dot(column(mRotation, 0), mEye), dot(column(mRotation, 1), mEye),
-                                                      dot(column(mRotation, 2), mEye)});
+        math::setTranslation(mBlock.viewMatrix, -math::Vec3{dot(column(mBlock.rotation, 0), mBlock.eye),
+                                                            dot(column(mBlock.rotation, 1), mBlock.eye),
+                                                            dot(column(mBlock.rotation, 2), mBlock.eye)});
     }
 
-    math::Mat4 mViewTransformMatrix;
-    math::Mat4 mViewMatrix;
-    math::Mat3 mRotation;
-    math::Vec3 mEye;
+    Block mBlock;
 };
+
+static_assert(sizeof(View) == 384 && sizeof(View::Block) == 376);
+static_assert(offsetof(View::Block, viewTransformMatrix) == 0 && offsetof(View::Block, viewMatrix) == 136);
+static_assert(offsetof(View::Block, rotation) == 272 && offsetof(View::Block, eye) == 352);
 
 } // namespace qel::api::camera::impl

@@ -56,12 +56,9 @@ template <class Number, std::size_t Rows, std::size_t Columns>
 struct BasicMatrix {
     std::array<Number, Rows * Columns> mElements;
     MatrixKind mKind;
+    std::uint32_t mPadding = 0; ///< so that no byte of a matrix is anything but a number's
 
-    constexpr BasicMatrix() noexcept : mElements{}, mKind(MatrixKind::identity) {
-        for (std::size_t i = 0; i < Rows && i < Columns; ++i) {
-            (*this)(i, i) = Number(1);
-        }
-    }
+    constexpr BasicMatrix() noexcept : mElements(identityElements), mKind(MatrixKind::identity) {}
 
     constexpr BasicMatrix(const std::array<Number, Rows * Columns>& elements, MatrixKind kind) noexcept
         : mElements(elements), mKind(kind) {}
@@ -74,6 +71,15 @@ struct BasicMatrix {
     }
 
     friend constexpr bool operator==(const BasicMatrix&, const BasicMatrix&) noexcept = default;
+
+private:
+    static constexpr std::array<Number, Rows* Columns> identityElements = [] {
+        std::array<Number, Rows * Columns> elements{};
+        for (std::size_t i = 0; i < Rows && i < Columns; ++i) {
+            elements[i * Rows + i] = Number(1);
+        }
+        return elements;
+    }();
 };
 
 using Mat2 = BasicMatrix<double, 2, 2>;
@@ -163,8 +169,8 @@ constexpr void setLinearPart(Mat4& m, const Mat3& linear) noexcept {
 ///
 /// The 3x3 part is transposed and, where the kind word says that there is scaling, each row is divided by its
 /// squared length. A row whose squared length is at most the tolerance is multiplied by that squared length
-/// instead, as required: a collapsed axis shrinks further and does not blow up. The homogeneous scale is inverted,
-/// or 0 where it is too small or NaN. The kind word is kept.
+/// instead: a collapsed axis shrinks further and does not blow up, and saved cameras depend on it. The homogeneous
+/// scale is inverted, or 0 where it is too small or NaN. The kind word is kept.
 [[nodiscard]] inline Mat4 affineInverse4(const Mat4& m) noexcept {
     Mat3 inverse{{m(0, 0), m(0, 1), m(0, 2), m(1, 0), m(1, 1), m(1, 2), m(2, 0), m(2, 1), m(2, 2)}, m.mKind};
     if (hasScaling(m.mKind)) {
