@@ -115,7 +115,7 @@ def beginning(module: str, *includes: str) -> list[str]:
 
 
 def base() -> str:
-    table = headers.read_field_table("base/Fields.h")
+    table = headers.read_field_table("base/BaseFields.h")
     lines = beginning("base")
     for record in headers.read_records("base/Records.h"):
         lines += record_lines(record, table)
