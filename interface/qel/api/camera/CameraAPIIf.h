@@ -29,8 +29,8 @@ namespace qel::api::camera {
 /// again keeps an older error until the host resets it; projectionGetHFoV, projectionGetVFoV,
 /// projectionGetAspectRatio and the identity operations of BaseAPIIf alone set it to success. A failure that has
 /// no memory for its message clears an older one and lowers its set-flag. Arguments may be parts of `_return`:
-/// nothing is written over before it has been read. Storage that `_return` already holds is used again, so a
-/// successful call into a record that has held such a result before allocates nothing.
+/// nothing is written over before it has been read. A successful call into a record that holds such a result
+/// already writes into its storage and allocates nothing.
 ///
 /// Degenerate numbers are no errors. "Unchanged when ..." below means that the call succeeds and returns the
 /// state as it came. Each condition is meant as written: a comparison with NaN is false, so a NaN passes a
@@ -450,7 +450,7 @@ public:
 
     /// Transposes a list of rows of any shape. The first row's length counts: surplus values of longer rows
     /// are left out, and an empty first row gives an empty list. Fails when there are no rows or one is
-    /// shorter than the first. In C++ a matrix that is its own result is copied first, which takes memory.
+    /// shorter than the first. In C++ a matrix that is its own result needs memory each time.
     virtual void utilsConvertMatrixFromRowMajorToColumnMajor(MatrixResult& _return, const Matrix& matrix) = 0;
 
     // Space transforms: between screen, view and world space. The camera does not change.
