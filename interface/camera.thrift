@@ -187,7 +187,7 @@ struct DoubleResult {
 }
 
 /**
- * The camera service: 79 operations over value records.
+ * The camera service: operations over value records.
  *
  * State. The service keeps nothing between calls. An operation receives complete states, rebuilds the objects from the
  * blobs in their `mPrivate`, and writes the new state or the computed value into the result, so one instance may be

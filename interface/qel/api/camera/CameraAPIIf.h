@@ -11,7 +11,7 @@
 
 namespace qel::api::camera {
 
-/// The camera service: 79 operations over value records.
+/// The camera service: operations over value records.
 ///
 /// State. The service keeps nothing between calls. An operation receives complete states, rebuilds the objects
 /// from the blobs in their `mPrivate`, and writes the new state or the computed value into `_return`, so one
