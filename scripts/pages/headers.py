@@ -115,6 +115,15 @@ def read_service(path: Path = SERVICE) -> tuple[str, list[Group]]:
     return about, groups
 
 
+def by_name(groups: list[Group]) -> list[Group]:
+    """The groups, those of one name joined: an operation that came later stands with its kind."""
+    joined: dict[str, Group] = {}
+    for group in groups:
+        first = joined.setdefault(group.name, Group(group.name, group.text, group.line))
+        first.operations += group.operations
+    return list(joined.values())
+
+
 def read_table() -> list[tuple[str, list[str]]]:
     """Each operation of the table with the names of its arguments, in the table's order."""
     text = TABLE.read_text()

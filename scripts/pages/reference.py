@@ -216,6 +216,7 @@ def write() -> str:
     declared = [(operation.name, [name for _, name in operation.arguments]) for operation in operations]
     if declared != headers.read_table():
         raise Incomplete("CameraAPIIf.h and Operations.h do not list the same operations and arguments")
+    groups = headers.by_name(groups)
     names = {operation.name for operation in operations}
     extra, sections = Extra(), numeric_sections()
 

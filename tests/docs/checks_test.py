@@ -172,6 +172,11 @@ class Reference(unittest.TestCase):
         with self.assertRaises(headers.Misunderstood):
             headers._declaration("virtual void f(ViewStateResult& _return) = 0;", "View", [])
 
+    def test_an_operation_that_came_later_stands_with_its_kind(self) -> None:
+        groups = [headers.Group(name, text, "", [text]) for name, text in (("A", "1"), ("B", "2"), ("A", "3"))]
+        self.assertEqual([(group.name, group.text, group.operations) for group in headers.by_name(groups)],
+                         [("A", "1", ["1", "3"]), ("B", "2", ["2"])])
+
     def test_an_argument_without_a_meaning_is_refused(self) -> None:
         with self.assertRaises(reference.Incomplete):
             reference.Extra().argument("viewSetEye", "Vector", "elsewhere")
