@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Turns the results of scripts/bench into docs/performance.md and the data of its plot."""
+"""Turns the results of scripts/bench into docs/performance.md, the data of its plot, and the bars of bench/README.md."""
 
 import argparse
 import collections
@@ -189,20 +189,33 @@ def machine():
     return f"{model.group(1) if model else os.uname().machine}, {os.cpu_count()} cores"
 
 
-def slot_order():
+def operation_order():
     """The names of the operations as the interface lists them."""
     text = (pathlib.Path(__file__).parent.parent / "interface/qel/api/camera/Operations.h").read_text()
     return re.findall(r'operation\(\s*"(\w+)"', text)
 
 
-def document(results, arguments, judged):
+def warm_range(results, pattern):
+    """From the quickest to the slowest operation whose name matches, with a warm result."""
+    times = [results.of("operation/" + name) for name in results.names("operation") if re.match(pattern, name)]
+    return f"{min(times):.0f} to {max(times):.0f}"
+
+
+def document(results, arguments):
     prose = (pathlib.Path(__file__).parent / "performance.md.in").read_text()
-    order = [name for name in slot_order() if name in set(results.names("operation"))]
+    order = [name for name in operation_order() if name in set(results.names("operation"))]
     load = os.getloadavg()[1]
+    _, worst_ratio, _ = worst(results, "floor", "")
+    scalings = [results.scaling(name) for name in order]
+    both = None not in scalings
     return prose.format(
         machine=machine(), date=datetime.date.today().isoformat(), compiler=arguments.compiler,
         flags=arguments.flags, repetitions=arguments.repetitions, load=f"{load:.1f}",
-        bars=table(["what", "bar", "measured", ""], [bar.row() for bar in judged]),
+        view_range=warm_range(results, "view(?!Transform)"), camera_range=warm_range(results, "planarCamera"),
+        transform_range=warm_range(results, "(view)?[tT]ransform"),
+        worst_ratio=ratio_text(worst_ratio),
+        threads_median=ratio_text(statistics.median(scalings) if both else None),
+        threads_least=ratio_text(min(scalings) if both else None),
         copying=ratio_text(results.scaling("control: copying")),
         calculating=ratio_text(results.scaling("control: calculating")),
         operations=operations_table(results, order), peers=peers_table(results), wire=wire_table(results))
@@ -243,20 +256,30 @@ def plot_data(results):
     return "\n".join(lines) + "\n"
 
 
+def with_bars(page, bars_table):
+    """The page with the table between its marks."""
+    parts = re.fullmatch(r"(?s)(.*<!-- bars -->\n).*(<!-- /bars -->\n.*)", page)
+    if not parts:
+        raise SystemExit("bench/README.md has no place for the bars")
+    return parts[1] + "\n" + bars_table + "\n" + parts[2]
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--results", type=pathlib.Path, required=True)
     parser.add_argument("--markdown", type=pathlib.Path, required=True)
     parser.add_argument("--plot-data", type=pathlib.Path, required=True)
+    parser.add_argument("--bars", type=pathlib.Path, default=pathlib.Path(__file__).with_name("README.md"))
     parser.add_argument("--repetitions", required=True)
     parser.add_argument("--compiler", required=True)
     parser.add_argument("--flags", required=True)
     arguments = parser.parse_args()
     results = Results(arguments.results)
-    judged = bars(results)
-    arguments.markdown.write_text(document(results, arguments, judged))
+    arguments.markdown.write_text(document(results, arguments))
     arguments.plot_data.write_text(plot_data(results))
-    print(table(["what", "bar", "measured", ""], [bar.row() for bar in judged]))
+    bars_table = table(["what", "bar", "measured", ""], [bar.row() for bar in bars(results)])
+    arguments.bars.write_text(with_bars(arguments.bars.read_text(), bars_table))
+    print(bars_table)
 
 
 if __name__ == "__main__":

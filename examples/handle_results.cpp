@@ -44,7 +44,7 @@ void expect(bool condition, const std::string& what) {
 
 void use(CameraAPIIf& service) {
     // [fails]
-    ViewState forgotten; // has no image: nothing was created
+    ViewState forgotten; // has no blob: nothing was created
     Vector eye;
     eye.mData = {1, 2, 3};
     ViewStateResult view;

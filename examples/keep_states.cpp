@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// States are values: a bookmark is a copy, undo is a stack of copies, a saved camera is its image.
+// States are values: a bookmark is a copy, undo is a stack of copies, a saved camera is its blob.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -43,7 +43,7 @@ private:
 // [/undo]
 
 // [save]
-/// All that a camera is stands in its image: 1080 bytes, the same on every machine.
+/// All that a camera is stands in its blob: 1080 bytes, the same on every machine.
 void save(const PlanarCameraState& camera, const std::filesystem::path& file) {
     std::ofstream out(file, std::ios::binary);
     out << camera.mPrivate;
@@ -53,7 +53,7 @@ void save(const PlanarCameraState& camera, const std::filesystem::path& file) {
     }
 }
 
-/// The camera of an image. A roll by nothing fills in the other fields; an image that is too short fails.
+/// The camera of a blob. A roll by nothing fills in the other fields; a blob that is too short fails.
 PlanarCameraState load(CameraAPIIf& service, const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     PlanarCameraStateResult camera;

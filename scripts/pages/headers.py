@@ -6,8 +6,10 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-SERVICE = ROOT / "interface/qel/api/camera/CameraAPIIf.h"
-TABLE = ROOT / "interface/qel/api/camera/Operations.h"
+HEADERS = ROOT / "interface/qel/api"
+SERVICE = HEADERS / "camera/CameraAPIIf.h"
+BASE_SERVICE = HEADERS / "base/BaseAPIIf.h"
+TABLE = HEADERS / "camera/Operations.h"
 
 
 class Misunderstood(Exception):
@@ -27,6 +29,7 @@ class Operation:
 class Group:
     name: str
     text: str
+    line: str  # both, as the header has them
     operations: list[Operation] = field(default_factory=list)
 
 
@@ -48,7 +51,7 @@ class Record:
 class Enumeration:
     name: str
     text: str
-    values: list[tuple[str, str]]
+    values: list[tuple[str, str, str]]  # name, value, comment
 
 
 def _comment(lines: list[str]) -> str:
@@ -64,26 +67,26 @@ def _after(line: str, mark: str) -> str:
 def _declaration(text: str, group: str, comment: list[str]) -> Operation:
     match = re.fullmatch(r"virtual void (\w+)\((.*)\) = 0;", " ".join(text.split()))
     if not match:
-        raise Misunderstood(f"{SERVICE}: not an operation: {text}")
+        raise Misunderstood(f"not an operation: {text}")
     name, parameters = match.groups()
     if not comment:
-        raise Misunderstood(f"{SERVICE}: {name} has no comment")
+        raise Misunderstood(f"{name} has no comment")
     parsed = []
     for parameter in parameters.split(", "):
         plain = re.sub(r"\bstd::(\w+)_t\b", r"\1", parameter.removeprefix("const ").replace("::type", ""))
         pieces = re.fullmatch(r"(\w+)(?:&)? (\w+)", plain)
         if not pieces:
-            raise Misunderstood(f"{SERVICE}: {name} has an argument that is not understood: {parameter}")
+            raise Misunderstood(f"{name} has an argument that is not understood: {parameter}")
         parsed.append(pieces.groups())
     if parsed[0][1] != "_return":
-        raise Misunderstood(f"{SERVICE}: {name} does not begin with _return")
+        raise Misunderstood(f"{name} does not begin with _return")
     return Operation(name, group, parsed[0][0], parsed[1:], _comment(comment))
 
 
-def read_service() -> tuple[str, list[Group]]:
+def read_service(path: Path = SERVICE) -> tuple[str, list[Group]]:
     """The comment of the whole service and its operations, in the order of their declaration."""
-    lines = SERVICE.read_text().splitlines()
-    start = next(i for i, line in enumerate(lines) if line.startswith("class CameraAPIIf"))
+    lines = path.read_text().splitlines()
+    start = next(i for i, line in enumerate(lines) if line.startswith(f"class {path.stem} "))
     first = start
     while lines[first - 1].startswith("///"):
         first -= 1
@@ -94,21 +97,31 @@ def read_service() -> tuple[str, list[Group]]:
     declaration = ""
     for line in lines[start + 1 :]:
         line = line.strip()
-        if line == "};":
+        if line in ("};", "protected:"):
             break
-        if declaration or line.startswith("virtual "):
+        if declaration or line.startswith("virtual void "):
             declaration += " " + line
             if declaration.endswith(";"):
+                groups = groups or [Group("", "", "")]
                 groups[-1].operations.append(_declaration(declaration, groups[-1].name, comment))
                 declaration, comment = "", []
         elif line.startswith("///"):
             comment.append(_after(line, "///"))
         elif line.startswith("// "):
             title, _, text = re.match(r"// (\w[\w ]*)([:.]) (.*)", line).groups()
-            groups.append(Group(title, text[0].upper() + text[1:]))
-        elif line not in ("", "public:"):
-            raise Misunderstood(f"{SERVICE}: not understood: {line}")
+            groups.append(Group(title, text[0].upper() + text[1:], _after(line, "//")))
+        elif line not in ("", "public:") and not line.startswith("virtual ~"):
+            raise Misunderstood(f"{path}: not understood: {line}")
     return about, groups
+
+
+def by_name(groups: list[Group]) -> list[Group]:
+    """The groups, those of one name joined: an operation that came later stands with its kind."""
+    joined: dict[str, Group] = {}
+    for group in groups:
+        first = joined.setdefault(group.name, Group(group.name, group.text, group.line))
+        first.operations += group.operations
+    return list(joined.values())
 
 
 def read_table() -> list[tuple[str, list[str]]]:
@@ -123,18 +136,18 @@ def read_table() -> list[tuple[str, list[str]]]:
 
 def read_enumerations(header: str) -> list[Enumeration]:
     """The enumerations of a header, each a struct with an enum named type."""
-    path = ROOT / "interface/qel/api" / header
+    path = HEADERS / header
     text = path.read_text()
     found = re.findall(r"((?:^///.*\n)+)struct (\w+) \{\s*enum type : std::int32_t \{([^}]*)\};", text, re.M)
     if len(found) != text.count("enum type"):
         raise Misunderstood(f"{path}: not every enumeration is understood")
     return [Enumeration(name, _comment([_after(line, "///") for line in comment.splitlines()]),
-                        re.findall(r"(\w+) = (-?\d+)", values)) for comment, name, values in found]
+                        re.findall(r"(\w+) = (-?\d+),?(?: *///< (.*))?", values)) for comment, name, values in found]
 
 
 def read_records(header: str) -> list[Record]:
     """The records of a header with their fields and comments."""
-    path = ROOT / "interface/qel/api" / header
+    path = HEADERS / header
     records: list[Record] = []
     comment: list[str] = []
     inside = False
@@ -154,3 +167,13 @@ def read_records(header: str) -> list[Record]:
     if not records:
         raise Misunderstood(f"{path}: no records")
     return records
+
+
+def read_field_table(header: str) -> dict[tuple[str, str], tuple[int, str]]:
+    """The id and the form (plain, optional or binary) of each field in a header of field tables, by record and name."""
+    path = HEADERS / header
+    text = path.read_text()
+    found = re.findall(r"^ +QEL_API_FIELD\((\d+), \w+::(\w+), (\w+), (plain|optional|binary)\),$", text, re.M)
+    if len(found) != text.count("QEL_API_FIELD("):
+        raise Misunderstood(f"{path}: not every field is understood")
+    return {(record, name): (int(number), form) for number, record, name, form in found}

@@ -32,7 +32,7 @@ LINK = re.compile(r"\]\(([^()\s]+(?:\([^()\s]*\))?)\)")
 
 
 def pages() -> list[Path]:
-    found = [ROOT / "README.md"]
+    found = sorted(ROOT.glob("*.md"))
     for folder in sorted(path for path in ROOT.iterdir() if path.is_dir() and path.name not in NOT_OURS):
         found += sorted(folder.rglob("*.md"))
     return found

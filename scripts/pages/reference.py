@@ -19,7 +19,7 @@ DOCS = headers.ROOT / "docs"
 PAGE = DOCS / "reference.md"
 NUMBERS = DOCS / "numerics.md"
 
-IMAGE_BYTES = {"ViewState": 384, "ProjectionState": 336, "SurfaceState": 336, "PlanarCameraState": 1080}
+BLOB_BYTES = {"ViewState": 384, "ProjectionState": 336, "SurfaceState": 336, "PlanarCameraState": 1080}
 VALUES = {"Vector": "fewer than 3 values", "Quaternion": "fewer than 4 values", "Matrix": "fewer than 4 rows of 4"}
 RECORD_HEADERS = ["base/Records.h", "camera/Values.h", "camera/States.h", "camera/Results.h"]
 
@@ -126,8 +126,8 @@ def errors(operation: headers.Operation, failures: str) -> str:
     message = own_text[1] if own_text else f"Call to {operation.name}() failed."
     utility = operation.group == "Utilities"
     code = "4 (CAMERA_API_ERROR_CALL_FAILED)" if utility else "-1"
-    reasons = [f"`{name}.mPrivate` is shorter than {IMAGE_BYTES[kind]} bytes"
-               for kind, name in operation.arguments if kind in IMAGE_BYTES]
+    reasons = [f"`{name}.mPrivate` is shorter than {BLOB_BYTES[kind]} bytes"
+               for kind, name in operation.arguments if kind in BLOB_BYTES]
     for kind, few in VALUES.items():
         short = [f"`{name}`" for own_kind, name in operation.arguments if own_kind == kind and not utility]
         if short:
@@ -152,7 +152,7 @@ def numeric_sections() -> list[tuple[str, list[tuple[str, str]]]]:
 
 
 def more_on_numbers(name: str, sections) -> str:
-    short = {"Irregularities that are required": "irregular on purpose", "Divisions by zero": "can divide by zero",
+    short = {"Irregularities": "irregular on purpose", "Divisions by zero": "can divide by zero",
              "Overflow": "can overflow"}
     found = []
     for title, names in sections:
@@ -173,7 +173,7 @@ def write_operation(operation: headers.Operation, extra: Extra, names: set[str],
                   for kind, name in operation.arguments]
         lines.append("")
     lines.append(f"- **Result**: {extra.result(operation)}.")
-    numeric = any(kind not in IMAGE_BYTES for kind, _ in operation.arguments)
+    numeric = any(kind not in BLOB_BYTES for kind, _ in operation.arguments)
     others = others_with_the_same_cases(description, operation, names)
     if degenerate:
         lines.append(f"- **Degenerate**: {linked(degenerate, names, operation.name)}")
@@ -198,8 +198,8 @@ def write_operation(operation: headers.Operation, extra: Extra, names: set[str],
 def write_records(names: set[str]) -> str:
     lines = ["## Records", "", "Public members with plain values. A `std::string` holds bytes.", ""]
     for enumeration in headers.read_enumerations("camera/Values.h"):
-        lines += [f"### {enumeration.name}", "", linked(enumeration.text, names), "", "| name | value |", "|---|---|"]
-        lines += [f"| `{name}` | {value} |" for name, value in enumeration.values]
+        lines += [f"### {enumeration.name}", "", linked(enumeration.text, names), "", "| name | value | |", "|---|---|---|"]
+        lines += [f"| `{name}` | {value} | {text} |" for name, value, text in enumeration.values]
         lines.append("")
     for header in RECORD_HEADERS:
         for record in headers.read_records(header):
@@ -216,6 +216,7 @@ def write() -> str:
     declared = [(operation.name, [name for _, name in operation.arguments]) for operation in operations]
     if declared != headers.read_table():
         raise Incomplete("CameraAPIIf.h and Operations.h do not list the same operations and arguments")
+    groups = headers.by_name(groups)
     names = {operation.name for operation in operations}
     extra, sections = Extra(), numeric_sections()
 
@@ -226,7 +227,7 @@ def write() -> str:
         page += f"| [{group.name}](#{anchor(group.name)}) | {links} |\n"
     page += "\n## All operations\n\n"
     for paragraph in about.split("\n\n")[1:]:
-        page += re.sub(r"^(State|Errors|Degenerate numbers|Conventions)\b", r"**\1**", linked(paragraph, names))
+        page += re.sub(r"^(State|Errors|In C\+\+|Degenerate numbers|Conventions)(?!\w)", r"**\1**", linked(paragraph, names))
         page += "\n\n"
     for group in groups:
         page += f"## {group.name}\n\n{linked(group.text, names)}\n\n"

@@ -29,6 +29,8 @@ def staged_name(path: Path) -> Path:
         return Path("index.md")
     if own.parts[0] == "docs":
         return Path(*own.parts[1:])
+    if len(own.parts) == 1 and path.suffix == ".md":
+        return own
     if path.is_dir():
         return Path("sources") / own / "index.md"
     return Path("sources") / (own if path.suffix == ".md" else own.with_name(own.name + ".md"))
@@ -100,10 +102,11 @@ def main() -> int:
     folder = Path(sys.argv[1]).resolve()
     shutil.rmtree(folder, ignore_errors=True)
     stage = Stage(folder)
-    stage.put(ROOT / "README.md")
-    for page in sorted((ROOT / "docs").rglob("*.md")):
+    own = sorted(ROOT.glob("*.md"))
+    for page in [*own, *sorted((ROOT / "docs").rglob("*.md"))]:
         stage.put(page)
     others = sorted(page.name for page in (ROOT / "docs").glob("*.md") if page.name not in FIRST)
+    others += [page.name for page in own if page.name != "README.md"]
     (folder.parent / "mkdocs.yml").write_text(
         f"INHERIT: {Path(__file__).with_name('mkdocs.yml')}\ndocs_dir: {folder.name}\nsite_dir: html\n"
         f"theme:\n  custom_dir: {Path(__file__).with_name('theme')}\n"

@@ -5,18 +5,17 @@
 
 namespace qel::api::base {
 
-/// What every component answers: who it is. No operation throws. A failed call sets the error code and a message;
-/// where there is no memory even for the message, the code alone is set and the message is cleared, its set-flag down.
+/// What every component answers: who it is. No operation throws. A failed call sets the error code and a message, and
+/// leaves the value alone; where there is no memory even for the message, the code alone is set.
 ///
-/// The host owns a component instance and destroys it with `delete` through this interface, before it unloads
-/// the module that made it.
+/// In C++ the host owns a component instance and destroys it with `delete` through this interface, before it unloads
+/// the module that made it. A failure that has no memory for its message clears an older one and lowers its set-flag.
 class BaseAPIIf {
 public:
     virtual ~BaseAPIIf() = default;
 
-    /// The component's version, such as "0.3.10". On success `_return` is replaced as a whole, so that an older
-    /// error in it is gone. When memory runs out: error -1 and "Unable to get component version.", the value is
-    /// left alone.
+    /// The component's version, such as "0.3.10". When memory runs out: error -1 and "Unable to get component
+    /// version.". In C++ success replaces `_return` as a whole, so that an older error in it is gone.
     virtual void getComponentVersion(StringResult& _return) = 0;
 
     /// The component's variant; the camera component has none and answers the empty string. Success and failure

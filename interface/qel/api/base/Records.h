@@ -11,13 +11,13 @@ namespace qel::api::base {
 
 /// The outcome of one call of a service. A default ServiceResult reports success.
 ///
-/// Every record of the interface has the shape of this one: public members, one set-flag a field in `__isset`
+/// In C++ every record of the interface has the shape of this one: public members, one set-flag a field in `__isset`
 /// (in field order), a setter `__set_<field>` that stores the value and raises the flag, and value semantics.
 /// A record compares equal when its fields do; flags of fields that are always written do not count.
 class ServiceResult : public virtual ::apache::thrift::TBase {
 public:
     std::int32_t mError = 0; ///< 0 for success, else an error code of the service (CameraAPIError)
-    std::string mMessage;    ///< what failed; written and printed only while its set-flag is raised
+    std::string mMessage;    ///< what failed; absent, its set-flag down, when nothing did
 
     struct Isset {
         bool mError : 1 = false;

@@ -11,23 +11,26 @@
 
 namespace qel::api::camera {
 
-/// The camera service: 79 operations over value records.
+/// The camera service: operations over value records.
 ///
-/// State. The service keeps nothing between calls. An operation receives complete states, rebuilds the
-/// objects from their `mPrivate`, and writes the new state or the computed value into `_return`, so one
-/// instance may be called from many threads at once. An image that the component did not write is taken on
-/// trust. Arguments may be parts of `_return`: nothing is written over before it has been read. Storage that
-/// `_return` already holds is used again.
+/// State. The service keeps nothing between calls. An operation receives complete states, rebuilds the objects
+/// from the blobs in their `mPrivate`, and writes the new state or the computed value into `_return`, so one
+/// instance may be called from many threads at once. A blob is the object's own bytes: 384 of a view, 336 of a
+/// projection or a surface, 1080 of a planar camera. One that the component did not write is taken on trust.
 ///
 /// Errors. No operation throws. A failed call sets `_return.mResult`: the code CAMERA_API_ERROR_UNKNOWN (-1)
-/// and the message "Call to <operation>() failed.", unless the operation names others. A call fails when a
-/// state's `mPrivate` is shorter than its image (view 384 bytes, projection 336, surface 336, planar camera
-/// 1080), when a Vector holds fewer than 3 values, a Quaternion fewer than 4 or a Matrix fewer than 4 rows of
-/// 4, or when memory runs out; what is longer is read from its beginning. Where there is no memory even for
-/// the message, the code alone is set and the message is cleared, its set-flag down. The value is a valid
-/// record even so, perhaps partly written. A successful call leaves `_return.mResult` as the caller passed it, so a
-/// result record that is used again keeps an older error until the host resets it; projectionGetHFoV,
-/// projectionGetVFoV, projectionGetAspectRatio and the identity operations of BaseAPIIf alone set it to success.
+/// and the message "Call to <operation>() failed.", unless the operation names others. It leaves `_return.mValue`
+/// exactly as it was, nested records included. A call fails when a state's `mPrivate` is shorter than its blob,
+/// when a Vector holds fewer than 3 values, a Quaternion fewer than 4 or a Matrix fewer than 4 rows of 4, or when
+/// memory runs out; what is longer is read from its beginning. Where there is no memory even for the message, the
+/// code alone is set.
+///
+/// In C++ a successful call leaves `_return.mResult` as the caller passed it, so a result record that is used
+/// again keeps an older error until the host resets it; projectionGetHFoV, projectionGetVFoV,
+/// projectionGetAspectRatio and the identity operations of BaseAPIIf alone set it to success. A failure that has
+/// no memory for its message clears an older one and lowers its set-flag. Arguments may be parts of `_return`:
+/// nothing is written over before it has been read. A successful call into a record that holds such a result
+/// already writes into its storage and allocates nothing.
 ///
 /// Degenerate numbers are no errors. "Unchanged when ..." below means that the call succeeds and returns the
 /// state as it came. Each condition is meant as written: a comparison with NaN is false, so a NaN passes a
@@ -91,13 +94,13 @@ public:
     /// affine inverse as in viewSetViewMatrix, the eye its translation column. The orientation does not
     /// follow: `mDirection` and `mOrientation` are those of the transposed rotation that the view had before
     /// the call, and what works from the orientation (viewSetEye, turns, moves in view space) goes on from
-    /// there. This is required. A host that wants the matrix's placement in all fields passes its inverse to
-    /// viewSetViewMatrix.
+    /// there; saved cameras depend on it. A host that wants the matrix's placement in all fields passes its
+    /// inverse to viewSetViewMatrix.
     virtual void viewSetViewTransformMatrix(ViewStateResult& _return, const ViewState& state, const Matrix& matrix) = 0;
 
-    /// Turns the view about its own y axis by twice `angle` (radians); positive turns it to the left. The
-    /// doubling is required of viewYaw, viewPitch and viewRoll; viewYawPitchRoll turns by the angle itself.
-    /// The eye stays. Unchanged when |angle| <= 1e-7.
+    /// Turns the view about its own y axis by twice `angle` (radians); positive turns it to the left. Hosts
+    /// rely on the doubling in viewYaw, viewPitch and viewRoll and pass half the angle; viewYawPitchRoll turns
+    /// by the angle itself. The eye stays. Unchanged when |angle| <= 1e-7.
     virtual void viewYaw(ViewStateResult& _return, const ViewState& state, double angle) = 0;
 
     /// Turns the view about its own x axis by twice `angle` (radians); positive turns it upwards. As viewYaw.
@@ -186,8 +189,7 @@ public:
 
     /// The horizontal field of view in radians: the angle between (left, near) and (right, near); 0 for an
     /// orthographic projection. The cosine is not clamped, so for an extremely narrow frustum its rounding
-    /// may give NaN. Success sets code 0 and an empty message, and leaves the message's set-flag as it was;
-    /// failure leaves the value as it was.
+    /// may give NaN. In C++ success sets code 0 and an empty message, and leaves the message's set-flag as it was.
     virtual void projectionGetHFoV(DoubleResult& _return, const ProjectionState& state) = 0;
 
     /// Opens the frustum to `verticalFoV` (radians) from bottom to top: projectionSetHFoV with the directions
@@ -238,8 +240,8 @@ public:
     /// Takes `matrix` (view to clip space) as the projection matrix and the type, both unchecked. The inverse
     /// stays that of the previous projection, and the frustum becomes what that inverse makes of the sides
     /// and ends of normalised device space (divided by w when |w| > 1e-4), near and far with the sign of
-    /// their view-space z, so negative as a rule. This is required. Until an operation that replaces the
-    /// whole frustum, matrix, inverse and frustum do not belong together, operations that keep near or far
+    /// their view-space z, so negative as a rule; saved cameras depend on it. Until an operation that replaces
+    /// the whole frustum, matrix, inverse and frustum do not belong together, operations that keep near or far
     /// are refused, screen positions mix both projections, and what is computed from them (zoom area, zoom
     /// with an anchor, pan, clipping planes, fit) may divide by zero.
     virtual void projectionSetProjectionMatrix(ProjectionStateResult& _return, const ProjectionState& state,
@@ -249,7 +251,7 @@ public:
     /// Near, far and the eye stay. Unchanged when factor < 0, and for 0, whose empty frustum is refused.
     virtual void projectionZoom(ProjectionStateResult& _return, const ProjectionState& state, double factor) = 0;
 
-    // Surface: the pixels on which the image lands.
+    // Surface: the pixels on which the picture lands.
 
     /// Makes the default surface: 640 by 480 pixels, the viewport all of it, depths 0 to 1.
     /// Failure: "Unable to create Surface object.".
@@ -332,7 +334,7 @@ public:
                                                       double x1, double y1, double z1, double x2, double y2,
                                                       double z2) = 0;
 
-    /// Moves the eye and sets the frustum so that the box fills the image in one direction and fits in the
+    /// Moves the eye and sets the frustum so that the box fills the picture in one direction and fits in the
     /// other. With dist = half the box's diagonal across the view / tan(pi/8) and h = half its diagonal in
     /// space, the box's centre comes to lie h + dist ahead on the viewing axis, near is dist, far 2 h + dist.
     /// Sides: those of the box, in perspective of its front face as seen on the near plane, widened to the
@@ -390,7 +392,7 @@ public:
                                           double pitch, double roll) = 0;
 
     /// Magnifies the rectangle between two screen positions, widened to the frustum's aspect ratio, until it
-    /// fills the image. The eye moves sideways only, never forward: the frustum narrows instead, symmetric
+    /// fills the picture. The eye moves sideways only, never forward: the frustum narrows instead, symmetric
     /// about the new axis. In perspective the rectangle is measured on the near plane, and its centre is
     /// brought to the axis at the depth of the corner nearer to the eye. Its width and height there count as
     /// at least 0.001 units. When both depths are within 1e-7 of each other and the first of the viewport's
@@ -426,12 +428,12 @@ public:
     /// Swings eye and view about `pivot` (world point) as if a ball were dragged from pixel (x1, y1) to
     /// (x2, y2), read as unsigned: Shoemake's arcball ("ARCBALL: A User Interface for Specifying
     /// Three-Dimensional Orientation Using a Mouse", Graphics Interface 1992) with Bell's hyperbolic sheet
-    /// outside. The turn is the angle between the two points of the ball, not twice that. Required
-    /// irregularities: the aspect ratio that centres the ball is truncated to a whole number, so the ball is
-    /// off centre unless the width is a whole multiple of the height; the sheet begins at radius 0.5, with a
-    /// step there; the cosine is not clamped, so a turn whose angle comes out NaN is left out. Unchanged for
-    /// equal pixels, and where viewRotateAboutViewAxes would be. Fails when the surface's resolution y is 0
-    /// (a forged image).
+    /// outside. The turn is the angle between the two points of the ball, not twice that. The
+    /// aspect ratio that centres the ball is truncated to a whole number, so the ball is off centre unless the
+    /// width is a whole multiple of the height; the sheet begins at radius 0.5, with a step there; the cosine is
+    /// not clamped, so a turn whose angle comes out NaN is left out. Recorded drags depend on these three.
+    /// Unchanged for equal pixels, and where viewRotateAboutViewAxes would be. Fails when the surface's
+    /// resolution y is 0 (a forged blob).
     virtual void planarCameraArcballRotation(PlanarCameraStateResult& _return, const PlanarCameraState& state,
                                              const Vector& pivot, std::int32_t x1, std::int32_t y1, std::int32_t x2,
                                              std::int32_t y2) = 0;
@@ -448,7 +450,7 @@ public:
 
     /// Transposes a list of rows of any shape. The first row's length counts: surplus values of longer rows
     /// are left out, and an empty first row gives an empty list. Fails when there are no rows or one is
-    /// shorter than the first.
+    /// shorter than the first. In C++ a matrix that is its own result needs memory each time.
     virtual void utilsConvertMatrixFromRowMajorToColumnMajor(MatrixResult& _return, const Matrix& matrix) = 0;
 
     // Space transforms: between screen, view and world space. The camera does not change.

@@ -30,8 +30,8 @@ constexpr Operation<Result, Arguments...> operation(std::string_view name,
 }
 } // namespace detail
 
-/// All operations of CameraAPIIf in slot order, which is the order of their declaration. Whatever treats every
-/// operation alike (a test, a command line, a dispatcher for remote calls) walks this table.
+/// All operations of CameraAPIIf in the order of their declaration; an operation's number is its place here, from 0.
+/// Whatever treats every operation alike (a test, a command line, a dispatcher for remote calls) walks this table.
 inline constexpr std::tuple operations{
     detail::operation("viewCreateDefault", &CameraAPIIf::viewCreateDefault),
     detail::operation("viewCreate", &CameraAPIIf::viewCreate, "eye", "lookat", "up"),
@@ -154,7 +154,7 @@ inline constexpr std::tuple operations{
 inline constexpr std::size_t operationCount = std::tuple_size_v<decltype(operations)>;
 static_assert(operationCount == 79);
 
-/// Calls visit(slot, operation) for each operation in slot order.
+/// Calls visit(number, operation) for each operation in the order of the table.
 template <class Visitor>
 constexpr void forEachOperation(Visitor&& visit) {
     std::apply(

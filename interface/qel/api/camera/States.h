@@ -20,7 +20,7 @@ public:
     Vector mEye;                 ///< eye position, world space
     Vector mDirection;           ///< unit vector along which the view looks, world space
     Quaternion mOrientation;     ///< the rotation from the world's axes to the view's
-    std::string mPrivate;        ///< the object's complete image, opaque
+    std::string mPrivate;        ///< the view's blob, 384 bytes, opaque
 
     struct Isset {
         bool mViewTransformMatrix : 1 = false;
@@ -51,7 +51,7 @@ public:
     Matrix mProjectionMatrix; ///< view space to clip space, OpenGL conventions
     ProjectionType::type mProjectionType = ProjectionType::PERSPECTIVE;
     Frustum mFrustum;
-    std::string mPrivate; ///< the object's complete image, opaque
+    std::string mPrivate; ///< the projection's blob, 336 bytes, opaque
 
     struct Isset {
         bool mProjectionMatrix : 1 = false;
@@ -72,13 +72,13 @@ public:
     virtual void printTo(std::ostream& out) const;
 };
 
-/// Which pixels the image lands on. A digest for the host, as ViewState is.
+/// Which pixels the picture lands on. A digest for the host, as ViewState is.
 class SurfaceState : public virtual ::apache::thrift::TBase {
 public:
     Viewport mViewport;
     double mResolutionX = 0.0; ///< width of the whole surface in pixels, a whole number
     double mResolutionY = 0.0; ///< height of the whole surface in pixels, a whole number
-    std::string mPrivate;      ///< the object's complete image, opaque
+    std::string mPrivate;      ///< the surface's blob, 336 bytes, opaque
 
     struct Isset {
         bool mViewport : 1 = false;
@@ -106,7 +106,7 @@ public:
     ViewState mViewState;
     ProjectionState mProjectionState;
     SurfaceState mSurfaceState;
-    std::string mPrivate; ///< the object's complete image, opaque
+    std::string mPrivate; ///< the camera's blob, 1080 bytes, opaque
 
     struct Isset {
         bool mViewState : 1 = false;

@@ -17,8 +17,8 @@ struct CameraAPIError {
         CAMERA_API_ERROR_INVALID_ID = 1,
         CAMERA_API_ERROR_CREATION_FAILED = 2,
         CAMERA_API_ERROR_DESTRUCTION_FAILED = 3,
-        CAMERA_API_ERROR_CALL_FAILED = 4,
-        CAMERA_API_ERROR_UNKNOWN = -1
+        CAMERA_API_ERROR_CALL_FAILED = 4, ///< a utility failed
+        CAMERA_API_ERROR_UNKNOWN = -1     ///< any other operation failed
     };
 };
 
@@ -124,7 +124,7 @@ public:
     virtual void printTo(std::ostream& out) const;
 };
 
-/// The part of a surface that the image covers, in fractions of the surface's resolution, and the range of depths.
+/// The part of a surface that the picture covers, in fractions of the surface's resolution, and the range of depths.
 class Viewport : public virtual ::apache::thrift::TBase {
 public:
     double mX = 0.0;        ///< left edge, 0 to 1
