@@ -38,20 +38,6 @@ struct OperationName {
     std::array<char, size> text{};
 };
 
-/// Where the operation of this name stands in the table.
-template <OperationName name>
-consteval std::size_t placeOfOperation() {
-    constexpr std::size_t place = std::apply(
-        [](const auto&... operation) {
-            std::size_t index = 0;
-            (void)((operation.name == name.view() || (++index, false)) || ...);
-            return index;
-        },
-        api::camera::operations);
-    static_assert(place < std::tuple_size_v<decltype(api::camera::operations)>, "no operation has this name");
-    return place;
-}
-
 /// The value that an operation makes. Throws ServiceError where it fails.
 ///
 /// Each call gets a result record of its own: a successful operation leaves the outcome in the record as it was, so a
@@ -72,7 +58,7 @@ auto call(api::camera::CameraAPIIf& camera, const api::camera::Operation<Result,
 /// Likewise, by the operation's name: call<"viewYaw">(camera, state, angle).
 template <OperationName name, class... Arguments>
 auto call(api::camera::CameraAPIIf& camera, const Arguments&... arguments) {
-    return call(camera, std::get<placeOfOperation<name>()>(api::camera::operations), arguments...);
+    return call(camera, std::get<api::camera::slotOf(name.view())>(api::camera::operations), arguments...);
 }
 
 } // namespace qel::host

@@ -38,7 +38,7 @@ public:
     /// The value that the operation made. Throws ServiceError where it failed.
     template <OperationName name, class... Arguments>
     auto call(const Arguments&... arguments) {
-        return run(std::get<placeOfOperation<name>()>(api::camera::operations), arguments...);
+        return run(std::get<api::camera::slotOf(name.view())>(api::camera::operations), arguments...);
     }
 
     /// The calls since this was last asked, one line each.

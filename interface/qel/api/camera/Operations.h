@@ -152,31 +152,48 @@ inline constexpr std::tuple operations{
 };
 
 inline constexpr std::size_t operationCount = std::tuple_size_v<decltype(operations)>;
-static_assert(operationCount == 79);
 
 /// Calls visit(number, operation) for each operation in the order of the table.
 template <class Visitor>
 constexpr void forEachOperation(Visitor&& visit) {
     std::apply(
         [&](const auto&... operation) {
-            std::size_t slot = 0;
-            (visit(slot++, operation), ...);
+            std::size_t number = 0;
+            (visit(number++, operation), ...);
         },
         operations);
 }
 
 namespace detail {
-constexpr bool operationNamesAreUnique() {
+inline constexpr std::array<std::string_view, operationCount> operationNames = [] {
     std::array<std::string_view, operationCount> names{};
-    forEachOperation([&](std::size_t slot, const auto& operation) { names[slot] = operation.name; });
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        for (std::size_t j = i + 1; j < names.size(); ++j) {
-            if (names[i] == names[j]) {
-                return false;
-            }
-        }
+    forEachOperation([&](std::size_t number, const auto& operation) { names[number] = operation.name; });
+    return names;
+}();
+} // namespace detail
+
+/// The number of the operation of this name, or operationCount where there is none.
+constexpr std::size_t findOperation(std::string_view name) {
+    std::size_t number = 0;
+    while (number < operationCount && detail::operationNames[number] != name) {
+        ++number;
     }
-    return true;
+    return number;
+}
+
+/// The number of the operation of this name, which is also its slot among the operations of CameraAPIIf. A wrong name
+/// does not compile.
+consteval std::size_t slotOf(std::string_view name) {
+    const std::size_t number = findOperation(name);
+    return number < operationCount ? number : throw "there is no operation of this name";
+}
+
+namespace detail {
+constexpr bool operationNamesAreUnique() {
+    bool unique = true;
+    forEachOperation(
+        [&](std::size_t number, const auto& operation) { unique = unique && findOperation(operation.name) == number; });
+    return unique;
 }
 static_assert(operationNamesAreUnique());
 } // namespace detail
