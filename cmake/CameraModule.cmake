@@ -26,7 +26,7 @@ function(camera_add_component_module target)
   target_link_libraries(${target} PRIVATE ${arg_LIBS})
   set_target_properties(${target} PROPERTIES PREFIX "" SUFFIX ".so" LINK_DEPENDS ${arg_EXPORTS})
   target_link_options(${target} PRIVATE
-    -Wl,--version-script=${arg_EXPORTS} -Wl,--as-needed -Wl,--no-undefined-version)
+    -Wl,--version-script=${arg_EXPORTS} -Wl,-soname,${target}.so -Wl,--as-needed -Wl,--no-undefined-version)
   if(NOT CAMERA_SANITIZERS)
     # Under a sanitizer the program brings the runtime that the module calls.
     target_link_options(${target} PRIVATE -Wl,-z,defs)

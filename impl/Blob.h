@@ -53,23 +53,34 @@ class BlobReader {
 public:
     explicit BlobReader(const char* blob) noexcept : mNext(blob + blobHeaderSize) {}
 
-    /// Reads the member where it stands, and not by memcpy: then compilers leave out those that nobody asks for, which
-    /// halves the cost of a question about a camera.
     template <class Member>
     [[gnu::always_inline]] Member next() noexcept {
         const char* bytes = mNext;
         mNext += sizeof(Member);
         if constexpr (std::endian::native == std::endian::big) {
-            Member member;
-            std::memcpy(&member, bytes, sizeof(Member));
+            Member member = copyOf<Member>(bytes);
             swapByteOrder<Member>(reinterpret_cast<char*>(&member));
             return member;
         } else {
-            return reinterpret_cast<const InBytes<Member>*>(bytes)->value;
+            return copyOf<Member>(bytes);
         }
     }
 
 private:
+    template <class Member>
+    [[gnu::always_inline]] static Member copyOf(const char* bytes) noexcept {
+#if defined(__GNUC__) && !defined(__clang__)
+        // GCC leaves out a copy that it can see through, which halves the cost of a question about a camera; it does
+        // not see through a memcpy.
+        using Unaligned [[gnu::aligned(1)]] = InBytes<Member>;
+        return reinterpret_cast<const Unaligned*>(bytes)->value;
+#else
+        Member member;
+        std::memcpy(&member, bytes, sizeof(Member));
+        return member;
+#endif
+    }
+
     template <class Member>
     struct [[gnu::may_alias]] InBytes {
         Member value;

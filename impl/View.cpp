@@ -52,15 +52,12 @@ void View::lookAt(const Vec3& eye, const Vec3& lookat, Vec3 up) {
     mBlock.eye = eye;
 }
 
-void View::orient(double x, double y, double z, double w) {
-    const double norm = math::length({x, y, z, w});
+void View::setOrientation(Quat orientation) {
+    const double norm = length(orientation);
     if (norm >= math::quaternionTolerance) {
-        x /= norm;
-        y /= norm;
-        z /= norm;
-        w /= norm;
+        orientation = {orientation.x / norm, orientation.y / norm, orientation.z / norm, orientation.w / norm};
     }
-    setRotation({x, y, z, w});
+    mBlock.rotation = math::mat3FromQuaternion(orientation);
     math::setLinearPart(mBlock.viewTransformMatrix, mBlock.rotation);
     math::setLinearPart(mBlock.viewMatrix, transposed(mBlock.rotation));
     updateViewMatrixTranslation();
@@ -117,8 +114,8 @@ void View::setViewMatrix(const Mat4& matrix) {
 
 void View::setViewTransformMatrix(const Mat4& matrix) {
     mBlock.viewTransformMatrix = matrix;
-    // The old view matrix, and no transpose: required, see the declaration.
-    setRotation(math::mat4ToQuaternion(mBlock.viewMatrix));
+    // Of the old view matrix, and not transposed: see the declaration.
+    mBlock.rotation = math::mat3FromQuaternion(math::mat4ToQuaternion(mBlock.viewMatrix));
     mBlock.eye = math::translation(matrix);
     mBlock.viewMatrix = math::affineInverse4(matrix);
 }

@@ -71,13 +71,10 @@ public:
     }
 
     /// A quaternion too short to have a direction is used as it is, without an error.
-    void setOrientation(const math::Quat& orientation) {
-        const auto& [x, y, z, w] = orientation;
-        orient(x, y, z, w);
-    }
+    void setOrientation(math::Quat orientation);
 
-    /// Turns about the view's y, x or z axis by twice the angle: the doubling is required of these three, and
-    /// yawPitchRoll does not share it.
+    /// Turns about the view's y, x or z axis by twice the angle, which hosts are tuned to; yawPitchRoll turns by the
+    /// angle itself.
     void yaw(double angle);
     void pitch(double angle);
     void roll(double angle);
@@ -104,8 +101,9 @@ public:
     /// Takes a world-to-view matrix as given, without orthonormalising it, and derives the rest.
     void setViewMatrix(const math::Mat4& matrix);
 
-    /// Takes a view-to-world matrix as given. The rotation is, as required, derived from the view matrix as it was
-    /// before the call, so that direction and orientation are out of step until a later operation rebuilds them.
+    /// Takes a view-to-world matrix as given. The rotation is derived from the view matrix as it was before the call,
+    /// so that direction and orientation are out of step until a later operation rebuilds them. Saved cameras depend
+    /// on it.
     void setViewTransformMatrix(const math::Mat4& matrix);
 
     /// Whether the tilt of a rotation about an axis stops before it carries the eye onto the axis.
@@ -136,13 +134,6 @@ private:
     explicit View(BlobReader in) noexcept
         : mBlock{in.next<math::Mat4>(), in.next<math::Mat4>(), in.next<math::Mat3>(), in.next<math::Vec3>()} {}
 
-    /// Takes the quaternion in registers: written number by number and read in pairs, it would wait for its memory.
-    void orient(double x, double y, double z, double w);
-    /// In place: a matrix made elsewhere would be copied through memory.
-    void setRotation(const math::Quat& rotation) {
-        mBlock.rotation.mKind = math::MatrixKind::identity;
-        math::quaternionToMat3(rotation, mBlock.rotation);
-    }
     void turnByTwice(double angle, const math::Vec3& axis);
     /// The world origin seen from the view: -(transposed rotation times eye).
     void updateViewMatrixTranslation() {

@@ -41,8 +41,7 @@ struct Viewport {
 
 // The matrices of the classic pipeline (OpenGL 2.1 reference pages glFrustum, glOrtho, glViewport, glDepthRange) and
 // their closed-form inverses. View space is right-handed, normalised device coordinates run from -1 to 1. Nothing is
-// validated: an empty frustum or viewport gives infinities or NaN. Each is written as its four columns in one
-// expression: filled in element by element, a matrix passes through memory before it is where it belongs.
+// validated: an empty frustum or viewport gives infinities or NaN. Each is written column by column.
 
 [[nodiscard]] constexpr Mat4 makeFrustum(const Frustum& frustum) noexcept {
     const auto& [l, r, b, t, n, f] = frustum;
