@@ -23,6 +23,7 @@ inline constexpr std::size_t blobHeaderSize = 8;
 template <class Object>
 inline constexpr std::size_t blobSize = blobHeaderSize + sizeof(typename Object::Block);
 
+/// Bytes that hold a blob: aligned for a double, as those of a string and of an object are.
 template <std::size_t Size>
 using BlobBytes = std::span<char, Size>;
 template <std::size_t Size>
@@ -72,8 +73,7 @@ private:
 #if defined(__GNUC__) && !defined(__clang__)
         // GCC leaves out a copy that it can see through, which halves the cost of a question about a camera; it does
         // not see through a memcpy.
-        using Unaligned [[gnu::aligned(1)]] = InBytes<Member>;
-        return reinterpret_cast<const Unaligned*>(bytes)->value;
+        return reinterpret_cast<const InBytes<Member>*>(bytes)->value;
 #else
         Member member;
         std::memcpy(&member, bytes, sizeof(Member));
