@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "component/WriteState.h"
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <qel/api/camera/Fields.h>
 
 #include "impl/Blob.h"
 #include "math/Pipeline.h"
@@ -98,23 +101,16 @@ void assign(Matrix& matrix, const math::Mat4& m) noexcept {
     }
 }
 
-void assign(Frustum& record, const math::Frustum& frustum) noexcept {
-    record.mLeft = frustum.left;
-    record.mRight = frustum.right;
-    record.mBottom = frustum.bottom;
-    record.mTop = frustum.top;
-    record.mNearDist = frustum.nearDist;
-    record.mFarDist = frustum.farDist;
+/// Of a frustum and of a viewport the record has the same six numbers in the same order.
+template <class Record, class Six>
+void assignSix(Record& record, const Six& six) noexcept {
+    const auto& [first, second, third, fourth, fifth, sixth] = six;
+    const std::array numbers{first, second, third, fourth, fifth, sixth};
+    std::size_t i = 0;
+    forEachField<Record>([&](const auto& field) { record.*field.member = numbers[i++]; });
 }
-
-void assign(Viewport& record, const math::Viewport& viewport) noexcept {
-    record.mX = viewport.x;
-    record.mY = viewport.y;
-    record.mWidth = viewport.width;
-    record.mHeight = viewport.height;
-    record.mDepthMin = viewport.depthMin;
-    record.mDepthMax = viewport.depthMax;
-}
+void assign(Frustum& record, const math::Frustum& frustum) noexcept { assignSix(record, frustum); }
+void assign(Viewport& record, const math::Viewport& viewport) noexcept { assignSix(record, viewport); }
 
 void assign(ViewState& state, const impl::View& view) noexcept;
 void assign(ProjectionState& state, const impl::Projection& projection) noexcept;
