@@ -31,10 +31,5 @@ function(camera_target_defaults target)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # A module that holds a symbol unique to the process can never be unloaded.
     target_compile_options(${target} PRIVATE -fno-gnu-unique)
-    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
-      # Else a copy of an image's constant size becomes `rep movsq`, three times slower than the C library's.
-      target_compile_options(${target} PRIVATE
-        -mmemcpy-strategy=libcall:-1:noalign -mmemset-strategy=libcall:-1:noalign)
-    endif()
   endif()
 endfunction()
