@@ -34,7 +34,7 @@ struct Pixel {
     std::uint32_t y = 0;
 };
 
-/// A camera with a plane for its image: a view, a projection and a surface.
+/// A camera with a plane for its picture: a view, a projection and a surface.
 ///
 /// Degenerate arguments leave the camera as it is. A frustum that the projection rejects keeps the projection; the
 /// other steps of the operation stay done.
@@ -81,7 +81,7 @@ public:
     /// behind the eye is ignored.
     void updateClippingPlanes(const math::Vec3& centre, double radius, double minimumNearDist);
 
-    /// Moves the eye sideways and back, and sizes the frustum, so that the box fills the image at its front face
+    /// Moves the eye sideways and back, and sizes the frustum, so that the box fills the picture at its front face
     /// (perspective) or anywhere (orthographic). The distance is that from which the box's diagonal across the view
     /// fills 45 degrees, whatever the field of view is.
     void fitWorldSpaceBoundingBox(const Box& box);
@@ -90,7 +90,7 @@ public:
     /// Perspective to orthographic and back, keeping the visible height at the depth of the box's centre.
     void switchProjectionType(const Box& box);
 
-    /// Magnifies the rectangle between two screen points so that it fills the image as far as the aspect ratio
+    /// Magnifies the rectangle between two screen points so that it fills the picture as far as the aspect ratio
     /// allows. The eye moves only sideways.
     void zoomArea(ScreenPoint first, ScreenPoint second);
 
@@ -103,7 +103,7 @@ public:
     void panWithAnchor(const ScreenPoint& anchor, std::int32_t dx, std::int32_t dy);
 
     /// Turns the view about a world point as if a ball in the window were dragged from one pixel to another. Throws
-    /// std::domain_error for a surface of no height, which only a forged image has.
+    /// std::domain_error for a surface of no height, which only a forged blob has.
     void arcballRotation(const math::Vec3& centre, const Pixel& from, const Pixel& to);
 
     /// Not yet implemented: each prints one line to standard output and changes nothing.

@@ -52,8 +52,6 @@ public:
 
     [[nodiscard]] const math::Mat4& matrix() const noexcept { return mBlock.matrix; }
     [[nodiscard]] const math::Mat4& inverse() const noexcept { return mBlock.inverse; }
-    /// 1 for orthographic; any other value, 0 as a rule, for perspective.
-    [[nodiscard]] std::int32_t type() const noexcept { return mBlock.type.value; }
     [[nodiscard]] bool isOrthographic() const noexcept { return mBlock.type.value == 1; }
     [[nodiscard]] const math::Frustum& frustum() const noexcept { return mBlock.frustum; }
 

@@ -10,7 +10,7 @@
 
 namespace qel::api::camera::impl {
 
-/// Where on the output raster the image lands: a viewport in fractions of the resolution, the resolution in pixels,
+/// Where on the output raster the picture lands: a viewport in fractions of the resolution, the resolution in pixels,
 /// the matrix from normalised device coordinates to pixels, and its inverse. Nothing is rounded here.
 ///
 /// Values outside their range are ignored; each test rejects what is outside, so a NaN passes and is taken over.

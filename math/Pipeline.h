@@ -26,7 +26,7 @@ struct Frustum {
     return {l * factorX, r * factorX, b * factorY, t * factorY, n, f};
 }
 
-/// The part of a surface that the image covers: position and size in fractions of the resolution, and the depths of
+/// The part of a surface that the picture covers: position and size in fractions of the resolution, and the depths of
 /// the near and the far plane.
 struct Viewport {
     double x = 0.0;
