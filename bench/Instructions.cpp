@@ -3,7 +3,8 @@
 // camera_instructions MODULE
 //
 // Under callgrind with --collect-atstart=no: calls each operation a number of times with a warm result and dumps the
-// cost of that under the operation's name; first an empty loop under the name "nothing". Prints the number of calls.
+// cost of that under the operation's name; first an empty loop under the name "nothing". Prints the numbers of
+// operations and of calls to each.
 
 #include <cstdio>
 #include <exception>
@@ -43,13 +44,15 @@ int main(int argc, char** argv) {
         const qel::host::ComponentLoader component(argv[1]);
         const qel::bench::Workload workload(component.camera());
         count("nothing", [] {});
+        int operations = 0;
         qel::bench::forEachCall([&]<class Call>(Call) {
+            ++operations;
             const auto arguments = Call::arguments(workload);
             typename Call::Result result;
             Call::run(component.camera(), result, arguments);
             count(std::string(Call::operation.name), [&] { Call::run(component.camera(), result, arguments); });
         });
-        std::printf("%d\n", calls);
+        std::printf("%d %d\n", operations, calls);
         return 0;
     } catch (const std::exception& exception) {
         std::fprintf(stderr, "%s: %s\n", argv[0], exception.what());

@@ -26,11 +26,35 @@ usage() {
 # How many things to do at once.
 jobs_count() { nproc 2>/dev/null || echo 2; }
 
-# configure_preset PRESET: a service that checks the tree lets no warning through, and ccache helps where
+# configure_preset PRESET OPTION...: a service that checks the tree lets no warning through, and ccache helps where
 # there is one.
 configure_preset() {
     local options=()
     if [[ -n ${CI:-} ]]; then options+=(-DCAMERA_WARNINGS_AS_ERRORS=ON); fi
     if have ccache; then options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
-    cmake --preset "$1" "${options[@]}"
+    cmake --preset "$@" "${options[@]}"
+}
+
+# attempt NAME COMMAND...: shows what the command says, goes on when it fails, and keeps its closing words.
+failed=()
+closing_words=()
+attempt() {
+    local name=$1 log began=$SECONDS outcome=passed
+    shift
+    log=$(mktemp)
+    "$@" </dev/null 2>&1 | tee "$log" || { outcome=FAILED && failed+=("$name"); }
+    # What follows the last heading of summaries; or what ctest says in the end, or else the last lines.
+    closing_words+=("== $name: $outcome after $((SECONDS - began)) s" "$(awk '
+        /^== summaries$/ { text = ""; found = 1; next }
+        /tests passed, / && !found { text = ""; found = 1 }
+        NF { last = before "\n" $0; before = $0; text = text $0 "\n" }
+        END { printf "%s", found ? text : last "\n" }' "$log")")
+    rm -f "$log"
+}
+
+# The closing words of all attempts, last; fails where one has failed.
+conclude() {
+    printf '\n== summaries\n'
+    printf '%s\n' "${closing_words[@]}"
+    ((${#failed[@]} == 0)) || die "failed: $(printf '%s; ' "${failed[@]}")"
 }
