@@ -21,6 +21,21 @@ function(camera_test_defaults target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
 endfunction()
 
+# What most tests include is read once for all sources with the same flags, as that takes half of a source's time. Where
+# CMAKE_DISABLE_PRECOMPILE_HEADERS is set, as by the presets debug and lint, each source stands on its own includes.
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/tests/headers.cpp CONTENT "int main() {}\n")
+foreach(_target IN ITEMS camera_test_headers camera_optimised_test_headers)
+  add_executable(${_target} EXCLUDE_FROM_ALL ${PROJECT_BINARY_DIR}/tests/headers.cpp)
+  target_link_libraries(${_target} PRIVATE GTest::gmock GTest::gtest)
+  target_precompile_headers(${_target} PRIVATE
+    <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <limits> <memory> <optional> <sstream> <string>
+    <string_view> <tuple> <utility> <vector> <gmock/gmock.h> <gtest/gtest.h>)
+endforeach()
+camera_test_defaults(camera_test_headers)
+target_link_libraries(camera_test_headers PRIVATE camera_interface)
+target_precompile_headers(camera_test_headers PRIVATE <qel/api/camera/CameraAPIIf.h> <qel/api/camera/Operations.h>)
+camera_target_defaults(camera_optimised_test_headers)
+
 # camera_add_test(<name>
 #   SOURCES <file>...        the test's sources
 #   LIBS <target>...         what it tests; gtest, gmock and a main come with it
@@ -49,8 +64,10 @@ function(camera_add_test name)
   if(arg_OPTIMISED)
     camera_target_defaults(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_precompile_headers(${name} REUSE_FROM camera_optimised_test_headers)
   else()
     camera_test_defaults(${name})
+    target_precompile_headers(${name} REUSE_FROM camera_test_headers)
   endif()
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock GTest::gtest GTest::gtest_main)
 
