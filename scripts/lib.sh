@@ -27,11 +27,13 @@ usage() {
 jobs_count() { nproc 2>/dev/null || echo 2; }
 
 # configure_preset PRESET OPTION...: a service that checks the tree lets no warning through, and ccache helps where
-# there is one.
+# there is one; it remembers little that was compiled with precompiled headers.
 configure_preset() {
     local options=()
     if [[ -n ${CI:-} ]]; then options+=(-DCAMERA_WARNINGS_AS_ERRORS=ON); fi
-    if have ccache; then options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+    if have ccache && [[ -z ${CCACHE_DISABLE:-} ]]; then
+        options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON)
+    fi
     cmake --preset "$@" "${options[@]}"
 }
 
