@@ -192,7 +192,7 @@ def machine():
 def operation_order():
     """The names of the operations as the interface lists them."""
     text = (pathlib.Path(__file__).parent.parent / "interface/qel/api/camera/Operations.h").read_text()
-    return re.findall(r'operation\(\s*"(\w+)"', text)
+    return re.findall(r"^    QEL_API_OPERATION\((\w+)", text, re.M)
 
 
 def warm_range(results, pattern):

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <utility>
 
-#include <qel/api/camera/OperationNames.h>
+#include <qel/api/camera/Operations.h>
 
 #include "host/console/CallArguments.h"
 #include "host/console/OperationList.h"

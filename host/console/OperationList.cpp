@@ -10,7 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include <qel/api/camera/OperationNames.h>
+#include <qel/api/camera/Operations.h>
 
 namespace qel::host {
 

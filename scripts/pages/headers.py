@@ -127,11 +127,10 @@ def by_name(groups: list[Group]) -> list[Group]:
 def read_table() -> list[tuple[str, list[str]]]:
     """Each operation of the table with the names of its arguments, in the table's order."""
     text = TABLE.read_text()
-    found = re.findall(r'detail::operation\(\s*"(\w+)",\s*&CameraAPIIf::(\w+)((?:,\s*"\w+")*)\)', text)
-    for name, member, _ in found:
-        if name != member:
-            raise Misunderstood(f"{TABLE}: {name} stands beside {member}")
-    return [(name, re.findall(r'"(\w+)"', arguments)) for name, _, arguments in found]
+    found = re.findall(r'^    QEL_API_OPERATION\((\w+)((?:,\s*"\w+")*)\),$', text, re.M)
+    if len(found) + 1 != text.count("QEL_API_OPERATION("):  # one defines it
+        raise Misunderstood(f"{TABLE}: not every operation is understood")
+    return [(name, re.findall(r'"(\w+)"', arguments)) for name, arguments in found]
 
 
 def read_enumerations(header: str) -> list[Enumeration]:
@@ -173,7 +172,10 @@ def read_field_table(header: str) -> dict[tuple[str, str], tuple[int, str]]:
     """The id and the form (plain, optional or binary) of each field in a header of field tables, by record and name."""
     path = HEADERS / header
     text = path.read_text()
-    found = re.findall(r"^ +QEL_API_FIELD\((\d+), \w+::(\w+), (\w+), (plain|optional|binary)\),$", text, re.M)
-    if len(found) != text.count("QEL_API_FIELD("):
+    fields = {}
+    for record, entries in re.findall(r"^QEL_API_FIELD_TABLE\(\w+, (\w+),\n(.*?)\);$", text, re.M | re.S):
+        for number, name, form in re.findall(r"QEL_API_FIELD\((\d+), (\w+), (plain|optional|binary)\)", entries):
+            fields[record, name] = (int(number), form)
+    if len(fields) != text.count("QEL_API_FIELD("):
         raise Misunderstood(f"{path}: not every field is understood")
-    return {(record, name): (int(number), form) for number, record, name, form in found}
+    return fields

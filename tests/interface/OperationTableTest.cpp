@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <qel/api/camera/OperationNames.h>
+#include <qel/api/camera/Operations.h>
 
 namespace qel::api::camera {
 namespace {

@@ -301,8 +301,8 @@ TEST(ProjectionType, NamesItsTwoValuesAndNoOther) {
 template <int first, int second>
 struct FieldTable<Pretended<first, second>> {
     using Record = Pretended<first, second>;
-    static constexpr std::tuple fields{QEL_API_FIELD(first, Record, mA, plain),
-                                       QEL_API_FIELD(second, Record, mB, plain)};
+    static constexpr std::tuple fields{QEL_API_FIELD(first, mA, plain),
+                                       QEL_API_FIELD(second, mB, plain)};
 };
 static_assert(fieldIdsAreSound<Pretended<1, 2>>());
 static_assert(fieldIdsAreSound<Pretended<1, 16>>());

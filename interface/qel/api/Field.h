@@ -56,10 +56,20 @@ constexpr bool fieldIdsAreSound() {
 
 } // namespace qel::api
 
-/// An entry of a field table; spelled once here because a bit-field's name must be repeated for each use of it.
-#define QEL_API_FIELD(ID, RECORD, MEMBER, FORM)                                 \
-    ::qel::api::Field<RECORD, decltype(RECORD::MEMBER)> {                       \
-        ID, #MEMBER, &RECORD::MEMBER, ::qel::api::Form::FORM,                   \
-            [](const RECORD& record) -> bool { return record.__isset.MEMBER; }, \
-            [](RECORD& record, bool set) { record.__isset.MEMBER = set; }       \
+/// The field table of the record SPACE::RECORD, for use in the namespace qel::api; its entries follow as QEL_API_FIELD.
+#define QEL_API_FIELD_TABLE(SPACE, RECORD, ...)            \
+    template <>                                            \
+    struct FieldTable<SPACE::RECORD> {                     \
+        using Record = SPACE::RECORD;                      \
+        static constexpr const char* recordName = #RECORD; \
+        static constexpr std::tuple fields{__VA_ARGS__};   \
+    }
+
+/// An entry of the field table of Record; spelled once here because a bit-field's name must be repeated for each use
+/// of it.
+#define QEL_API_FIELD(ID, MEMBER, FORM)                                         \
+    ::qel::api::Field<Record, decltype(Record::MEMBER)> {                       \
+        ID, #MEMBER, &Record::MEMBER, ::qel::api::Form::FORM,                   \
+            [](const Record& record) -> bool { return record.__isset.MEMBER; }, \
+            [](Record& record, bool set) { record.__isset.MEMBER = set; }       \
     }

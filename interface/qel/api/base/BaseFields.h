@@ -1,29 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <tuple>
-
 #include <qel/api/Field.h>
 #include <qel/api/base/Records.h>
 
 namespace qel::api {
 
-template <>
-struct FieldTable<base::ServiceResult> {
-    static constexpr const char* recordName = "ServiceResult";
-    static constexpr std::tuple fields{
-        QEL_API_FIELD(1, base::ServiceResult, mError, plain),
-        QEL_API_FIELD(2, base::ServiceResult, mMessage, optional),
-    };
-};
+// A table keeps one field a line.
+// clang-format off
 
-template <>
-struct FieldTable<base::StringResult> {
-    static constexpr const char* recordName = "StringResult";
-    static constexpr std::tuple fields{
-        QEL_API_FIELD(1, base::StringResult, mResult, plain),
-        QEL_API_FIELD(2, base::StringResult, mValue, plain),
-    };
-};
+QEL_API_FIELD_TABLE(base, ServiceResult,
+    QEL_API_FIELD(1, mError, plain),
+    QEL_API_FIELD(2, mMessage, optional));
+
+QEL_API_FIELD_TABLE(base, StringResult,
+    QEL_API_FIELD(1, mResult, plain),
+    QEL_API_FIELD(2, mValue, plain));
+
+// clang-format on
 
 } // namespace qel::api

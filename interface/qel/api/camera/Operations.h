@@ -3,10 +3,14 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
+#include <utility>
 
 #include <qel/api/camera/CameraAPIIf.h>
+#include <qel/api/camera/Fields.h>
 
 namespace qel::api::camera {
 
@@ -30,126 +34,95 @@ constexpr Operation<Result, Arguments...> operation(std::string_view name,
 }
 } // namespace detail
 
+/// A row of the table; spelled once here because the name stands in it twice.
+#define QEL_API_OPERATION(NAME, ...) detail::operation(#NAME, &CameraAPIIf::NAME __VA_OPT__(, ) __VA_ARGS__)
+
 /// All operations of CameraAPIIf in the order of their declaration; an operation's number is its place here, from 0.
 /// Whatever treats every operation alike (a test, a command line, a dispatcher for remote calls) walks this table.
 inline constexpr std::tuple operations{
-    detail::operation("viewCreateDefault", &CameraAPIIf::viewCreateDefault),
-    detail::operation("viewCreate", &CameraAPIIf::viewCreate, "eye", "lookat", "up"),
-    detail::operation("viewSetEye", &CameraAPIIf::viewSetEye, "state", "eye"),
-    detail::operation("viewSetViewAlongWorldAxis", &CameraAPIIf::viewSetViewAlongWorldAxis, "state", "target", "axis",
-                      "up"),
-    detail::operation("viewSetOrientation", &CameraAPIIf::viewSetOrientation, "state", "orientation"),
-    detail::operation("viewUpdateLookat", &CameraAPIIf::viewUpdateLookat, "state", "eye", "lookat", "up"),
-    detail::operation("viewSetViewMatrix", &CameraAPIIf::viewSetViewMatrix, "state", "matrix"),
-    detail::operation("viewSetViewTransformMatrix", &CameraAPIIf::viewSetViewTransformMatrix, "state", "matrix"),
-    detail::operation("viewYaw", &CameraAPIIf::viewYaw, "state", "angle"),
-    detail::operation("viewPitch", &CameraAPIIf::viewPitch, "state", "angle"),
-    detail::operation("viewRoll", &CameraAPIIf::viewRoll, "state", "angle"),
-    detail::operation("viewYawPitchRoll", &CameraAPIIf::viewYawPitchRoll, "state", "yaw", "pitch", "roll"),
-    detail::operation("viewTranslateInViewSpace", &CameraAPIIf::viewTranslateInViewSpace, "state", "offset"),
-    detail::operation("viewTranslateInWorldSpace", &CameraAPIIf::viewTranslateInWorldSpace, "state", "offset"),
-    detail::operation("viewRotateAboutWorldAxis", &CameraAPIIf::viewRotateAboutWorldAxis, "state", "pivot", "axis",
-                      "angle", "tilt"),
-    detail::operation("viewRotateAboutViewAxes", &CameraAPIIf::viewRotateAboutViewAxes, "state", "pivot", "angle",
-                      "tilt"),
-    detail::operation("viewTransformWorldVectorToViewVector", &CameraAPIIf::viewTransformWorldVectorToViewVector,
-                      "state", "vector"),
-    detail::operation("viewTransformViewVectorToWorldVector", &CameraAPIIf::viewTransformViewVectorToWorldVector,
-                      "state", "vector"),
-    detail::operation("viewTransformWorldPointToViewPoint", &CameraAPIIf::viewTransformWorldPointToViewPoint, "state",
-                      "point"),
-    detail::operation("viewTransformViewPointToWorldPoint", &CameraAPIIf::viewTransformViewPointToWorldPoint, "state",
-                      "point"),
-    detail::operation("projectionCreateDefault", &CameraAPIIf::projectionCreateDefault),
-    detail::operation("projectionCreate", &CameraAPIIf::projectionCreate, "frustum", "projectionType"),
-    detail::operation("projectionSetFrustum", &CameraAPIIf::projectionSetFrustum, "state", "frustum", "projectionType"),
-    detail::operation("projectionSetHFoV", &CameraAPIIf::projectionSetHFoV, "state", "horizontalFoV"),
-    detail::operation("projectionGetHFoV", &CameraAPIIf::projectionGetHFoV, "state"),
-    detail::operation("projectionSetVFoV", &CameraAPIIf::projectionSetVFoV, "state", "verticalFoV"),
-    detail::operation("projectionGetVFoV", &CameraAPIIf::projectionGetVFoV, "state"),
-    detail::operation("projectionSetFoV", &CameraAPIIf::projectionSetFoV, "state", "horizontalFoV", "verticalFoV"),
-    detail::operation("projectionSetAspectRatio", &CameraAPIIf::projectionSetAspectRatio, "state", "aspectRatio"),
-    detail::operation("projectionGetAspectRatio", &CameraAPIIf::projectionGetAspectRatio, "state"),
-    detail::operation("projectionSetNear", &CameraAPIIf::projectionSetNear, "state", "nearDist"),
-    detail::operation("projectionSetFar", &CameraAPIIf::projectionSetFar, "state", "farDist"),
-    detail::operation("projectionUpdatePerspective", &CameraAPIIf::projectionUpdatePerspective, "state", "verticalFoV",
-                      "aspectRatio", "nearDist", "farDist"),
-    detail::operation("projectionUpdateOrthographic", &CameraAPIIf::projectionUpdateOrthographic, "state", "width",
-                      "height", "nearDist", "farDist"),
-    detail::operation("projectionSetProjectionMatrix", &CameraAPIIf::projectionSetProjectionMatrix, "state", "matrix",
-                      "projectionType"),
-    detail::operation("projectionZoom", &CameraAPIIf::projectionZoom, "state", "factor"),
-    detail::operation("surfaceCreateDefault", &CameraAPIIf::surfaceCreateDefault),
-    detail::operation("surfaceCreate", &CameraAPIIf::surfaceCreate, "x", "y", "width", "height", "depthMin", "depthMax",
-                      "resolutionX", "resolutionY"),
-    detail::operation("surfaceSetViewport", &CameraAPIIf::surfaceSetViewport, "state", "viewport"),
-    detail::operation("surfaceSetResolutionX", &CameraAPIIf::surfaceSetResolutionX, "state", "resolutionX"),
-    detail::operation("surfaceSetResolutionY", &CameraAPIIf::surfaceSetResolutionY, "state", "resolutionY"),
-    detail::operation("surfaceUpdate", &CameraAPIIf::surfaceUpdate, "state", "x", "y", "width", "height", "depthMin",
-                      "depthMax", "resolutionX", "resolutionY"),
-    detail::operation("planarCameraCreateDefault", &CameraAPIIf::planarCameraCreateDefault),
-    detail::operation("planarCameraCreate", &CameraAPIIf::planarCameraCreate, "view", "projection", "surface"),
-    detail::operation("planarCameraSetView", &CameraAPIIf::planarCameraSetView, "state", "view"),
-    detail::operation("planarCameraSetProjection", &CameraAPIIf::planarCameraSetProjection, "state", "projection"),
-    detail::operation("planarCameraSetSurface", &CameraAPIIf::planarCameraSetSurface, "state", "surface"),
-    detail::operation("planarCameraUpdateWindowSize", &CameraAPIIf::planarCameraUpdateWindowSize, "state", "width",
-                      "height"),
-    detail::operation("planarCameraUpdateClippingPlanes", &CameraAPIIf::planarCameraUpdateClippingPlanes, "state",
-                      "centre", "radius", "minimumNearDist"),
-    detail::operation("planarCameraFitWorldSpaceBoundingBox", &CameraAPIIf::planarCameraFitWorldSpaceBoundingBox,
-                      "state", "x1", "y1", "z1", "x2", "y2", "z2"),
-    detail::operation("planarCameraFitViewSpaceBoundingBox", &CameraAPIIf::planarCameraFitViewSpaceBoundingBox, "state",
-                      "xMin", "yMin", "zMin", "xMax", "yMax", "zMax"),
-    detail::operation("planarCameraSwitchProjectionType", &CameraAPIIf::planarCameraSwitchProjectionType, "state", "x1",
-                      "y1", "z1", "x2", "y2", "z2"),
-    detail::operation("planarCameraSetViewAlongWorldAxis", &CameraAPIIf::planarCameraSetViewAlongWorldAxis, "state",
-                      "target", "axis", "up"),
-    detail::operation("planarCameraRotateAboutViewAxes", &CameraAPIIf::planarCameraRotateAboutViewAxes, "state",
-                      "pivot", "angle", "tilt"),
-    detail::operation("planarCameraRotateAboutWorldAxis", &CameraAPIIf::planarCameraRotateAboutWorldAxis, "state",
-                      "pivot", "axis", "angle", "tilt"),
-    detail::operation("planarCameraTranslateInWorldSpace", &CameraAPIIf::planarCameraTranslateInWorldSpace, "state",
-                      "offset"),
-    detail::operation("planarCameraTranslateInViewSpace", &CameraAPIIf::planarCameraTranslateInViewSpace, "state",
-                      "offset"),
-    detail::operation("planarCameraYaw", &CameraAPIIf::planarCameraYaw, "state", "angle"),
-    detail::operation("planarCameraPitch", &CameraAPIIf::planarCameraPitch, "state", "angle"),
-    detail::operation("planarCameraRoll", &CameraAPIIf::planarCameraRoll, "state", "angle"),
-    detail::operation("planarCameraYawPitchRoll", &CameraAPIIf::planarCameraYawPitchRoll, "state", "yaw", "pitch",
-                      "roll"),
-    detail::operation("planarCameraZoomArea", &CameraAPIIf::planarCameraZoomArea, "state", "x1", "y1", "depth1", "x2",
-                      "y2", "depth2"),
-    detail::operation("planarCameraZoomWithAnchor_Screen", &CameraAPIIf::planarCameraZoomWithAnchor_Screen, "state",
-                      "x", "y", "depth", "factor"),
-    detail::operation("planarCameraZoomWithAnchor_World", &CameraAPIIf::planarCameraZoomWithAnchor_World, "state",
-                      "anchor", "factor"),
-    detail::operation("planarCameraPanWithAnchor", &CameraAPIIf::planarCameraPanWithAnchor, "state", "x", "y", "depth",
-                      "dx", "dy"),
-    detail::operation("planarCameraArcballRotation", &CameraAPIIf::planarCameraArcballRotation, "state", "pivot", "x1",
-                      "y1", "x2", "y2"),
-    detail::operation("utilsMakePerspectiveMatrix", &CameraAPIIf::utilsMakePerspectiveMatrix, "frustum"),
-    detail::operation("utilsMakeOrthographicMatrix", &CameraAPIIf::utilsMakeOrthographicMatrix, "frustum"),
-    detail::operation("utilsConvertMatrixFromRowMajorToColumnMajor",
-                      &CameraAPIIf::utilsConvertMatrixFromRowMajorToColumnMajor, "matrix"),
-    detail::operation("transformScreenPointToViewPoint", &CameraAPIIf::transformScreenPointToViewPoint, "state", "x",
-                      "y", "depth"),
-    detail::operation("transformScreenPointToWorldPoint", &CameraAPIIf::transformScreenPointToWorldPoint, "state", "x",
-                      "y", "depth"),
-    detail::operation("transformViewPointToScreenPoint", &CameraAPIIf::transformViewPointToScreenPoint, "state",
-                      "point"),
-    detail::operation("transformWorldPointToScreenPoint", &CameraAPIIf::transformWorldPointToScreenPoint, "state",
-                      "point"),
-    detail::operation("transformWorldPointToViewPoint", &CameraAPIIf::transformWorldPointToViewPoint, "state", "point"),
-    detail::operation("transformWorldVectorToViewVector", &CameraAPIIf::transformWorldVectorToViewVector, "state",
-                      "vector"),
-    detail::operation("transformViewPointToWorldPoint", &CameraAPIIf::transformViewPointToWorldPoint, "state", "point"),
-    detail::operation("transformViewVectorToWorldVector", &CameraAPIIf::transformViewVectorToWorldVector, "state",
-                      "vector"),
-    detail::operation("transformScreenVectorToViewVector", &CameraAPIIf::transformScreenVectorToViewVector, "state",
-                      "x1", "y1", "depth1", "x2", "y2", "depth2"),
-    detail::operation("transformScreenVectorToWorldVector", &CameraAPIIf::transformScreenVectorToWorldVector, "state",
-                      "x1", "y1", "depth1", "x2", "y2", "depth2"),
+    QEL_API_OPERATION(viewCreateDefault),
+    QEL_API_OPERATION(viewCreate, "eye", "lookat", "up"),
+    QEL_API_OPERATION(viewSetEye, "state", "eye"),
+    QEL_API_OPERATION(viewSetViewAlongWorldAxis, "state", "target", "axis", "up"),
+    QEL_API_OPERATION(viewSetOrientation, "state", "orientation"),
+    QEL_API_OPERATION(viewUpdateLookat, "state", "eye", "lookat", "up"),
+    QEL_API_OPERATION(viewSetViewMatrix, "state", "matrix"),
+    QEL_API_OPERATION(viewSetViewTransformMatrix, "state", "matrix"),
+    QEL_API_OPERATION(viewYaw, "state", "angle"),
+    QEL_API_OPERATION(viewPitch, "state", "angle"),
+    QEL_API_OPERATION(viewRoll, "state", "angle"),
+    QEL_API_OPERATION(viewYawPitchRoll, "state", "yaw", "pitch", "roll"),
+    QEL_API_OPERATION(viewTranslateInViewSpace, "state", "offset"),
+    QEL_API_OPERATION(viewTranslateInWorldSpace, "state", "offset"),
+    QEL_API_OPERATION(viewRotateAboutWorldAxis, "state", "pivot", "axis", "angle", "tilt"),
+    QEL_API_OPERATION(viewRotateAboutViewAxes, "state", "pivot", "angle", "tilt"),
+    QEL_API_OPERATION(viewTransformWorldVectorToViewVector, "state", "vector"),
+    QEL_API_OPERATION(viewTransformViewVectorToWorldVector, "state", "vector"),
+    QEL_API_OPERATION(viewTransformWorldPointToViewPoint, "state", "point"),
+    QEL_API_OPERATION(viewTransformViewPointToWorldPoint, "state", "point"),
+    QEL_API_OPERATION(projectionCreateDefault),
+    QEL_API_OPERATION(projectionCreate, "frustum", "projectionType"),
+    QEL_API_OPERATION(projectionSetFrustum, "state", "frustum", "projectionType"),
+    QEL_API_OPERATION(projectionSetHFoV, "state", "horizontalFoV"),
+    QEL_API_OPERATION(projectionGetHFoV, "state"),
+    QEL_API_OPERATION(projectionSetVFoV, "state", "verticalFoV"),
+    QEL_API_OPERATION(projectionGetVFoV, "state"),
+    QEL_API_OPERATION(projectionSetFoV, "state", "horizontalFoV", "verticalFoV"),
+    QEL_API_OPERATION(projectionSetAspectRatio, "state", "aspectRatio"),
+    QEL_API_OPERATION(projectionGetAspectRatio, "state"),
+    QEL_API_OPERATION(projectionSetNear, "state", "nearDist"),
+    QEL_API_OPERATION(projectionSetFar, "state", "farDist"),
+    QEL_API_OPERATION(projectionUpdatePerspective, "state", "verticalFoV", "aspectRatio", "nearDist", "farDist"),
+    QEL_API_OPERATION(projectionUpdateOrthographic, "state", "width", "height", "nearDist", "farDist"),
+    QEL_API_OPERATION(projectionSetProjectionMatrix, "state", "matrix", "projectionType"),
+    QEL_API_OPERATION(projectionZoom, "state", "factor"),
+    QEL_API_OPERATION(surfaceCreateDefault),
+    QEL_API_OPERATION(surfaceCreate, "x", "y", "width", "height", "depthMin", "depthMax", "resolutionX", "resolutionY"),
+    QEL_API_OPERATION(surfaceSetViewport, "state", "viewport"),
+    QEL_API_OPERATION(surfaceSetResolutionX, "state", "resolutionX"),
+    QEL_API_OPERATION(surfaceSetResolutionY, "state", "resolutionY"),
+    QEL_API_OPERATION(surfaceUpdate, "state", "x", "y", "width", "height", "depthMin", "depthMax", "resolutionX",
+                      "resolutionY"),
+    QEL_API_OPERATION(planarCameraCreateDefault),
+    QEL_API_OPERATION(planarCameraCreate, "view", "projection", "surface"),
+    QEL_API_OPERATION(planarCameraSetView, "state", "view"),
+    QEL_API_OPERATION(planarCameraSetProjection, "state", "projection"),
+    QEL_API_OPERATION(planarCameraSetSurface, "state", "surface"),
+    QEL_API_OPERATION(planarCameraUpdateWindowSize, "state", "width", "height"),
+    QEL_API_OPERATION(planarCameraUpdateClippingPlanes, "state", "centre", "radius", "minimumNearDist"),
+    QEL_API_OPERATION(planarCameraFitWorldSpaceBoundingBox, "state", "x1", "y1", "z1", "x2", "y2", "z2"),
+    QEL_API_OPERATION(planarCameraFitViewSpaceBoundingBox, "state", "xMin", "yMin", "zMin", "xMax", "yMax", "zMax"),
+    QEL_API_OPERATION(planarCameraSwitchProjectionType, "state", "x1", "y1", "z1", "x2", "y2", "z2"),
+    QEL_API_OPERATION(planarCameraSetViewAlongWorldAxis, "state", "target", "axis", "up"),
+    QEL_API_OPERATION(planarCameraRotateAboutViewAxes, "state", "pivot", "angle", "tilt"),
+    QEL_API_OPERATION(planarCameraRotateAboutWorldAxis, "state", "pivot", "axis", "angle", "tilt"),
+    QEL_API_OPERATION(planarCameraTranslateInWorldSpace, "state", "offset"),
+    QEL_API_OPERATION(planarCameraTranslateInViewSpace, "state", "offset"),
+    QEL_API_OPERATION(planarCameraYaw, "state", "angle"),
+    QEL_API_OPERATION(planarCameraPitch, "state", "angle"),
+    QEL_API_OPERATION(planarCameraRoll, "state", "angle"),
+    QEL_API_OPERATION(planarCameraYawPitchRoll, "state", "yaw", "pitch", "roll"),
+    QEL_API_OPERATION(planarCameraZoomArea, "state", "x1", "y1", "depth1", "x2", "y2", "depth2"),
+    QEL_API_OPERATION(planarCameraZoomWithAnchor_Screen, "state", "x", "y", "depth", "factor"),
+    QEL_API_OPERATION(planarCameraZoomWithAnchor_World, "state", "anchor", "factor"),
+    QEL_API_OPERATION(planarCameraPanWithAnchor, "state", "x", "y", "depth", "dx", "dy"),
+    QEL_API_OPERATION(planarCameraArcballRotation, "state", "pivot", "x1", "y1", "x2", "y2"),
+    QEL_API_OPERATION(utilsMakePerspectiveMatrix, "frustum"),
+    QEL_API_OPERATION(utilsMakeOrthographicMatrix, "frustum"),
+    QEL_API_OPERATION(utilsConvertMatrixFromRowMajorToColumnMajor, "matrix"),
+    QEL_API_OPERATION(transformScreenPointToViewPoint, "state", "x", "y", "depth"),
+    QEL_API_OPERATION(transformScreenPointToWorldPoint, "state", "x", "y", "depth"),
+    QEL_API_OPERATION(transformViewPointToScreenPoint, "state", "point"),
+    QEL_API_OPERATION(transformWorldPointToScreenPoint, "state", "point"),
+    QEL_API_OPERATION(transformWorldPointToViewPoint, "state", "point"),
+    QEL_API_OPERATION(transformWorldVectorToViewVector, "state", "vector"),
+    QEL_API_OPERATION(transformViewPointToWorldPoint, "state", "point"),
+    QEL_API_OPERATION(transformViewVectorToWorldVector, "state", "vector"),
+    QEL_API_OPERATION(transformScreenVectorToViewVector, "state", "x1", "y1", "depth1", "x2", "y2", "depth2"),
+    QEL_API_OPERATION(transformScreenVectorToWorldVector, "state", "x1", "y1", "depth1", "x2", "y2", "depth2"),
 };
+
+#undef QEL_API_OPERATION
 
 inline constexpr std::size_t operationCount = std::tuple_size_v<decltype(operations)>;
 
@@ -188,14 +161,59 @@ consteval std::size_t slotOf(std::string_view name) {
     return number < operationCount ? number : throw "there is no operation of this name";
 }
 
-namespace detail {
-constexpr bool operationNamesAreUnique() {
-    bool unique = true;
-    forEachOperation(
-        [&](std::size_t number, const auto& operation) { unique = unique && findOperation(operation.name) == number; });
-    return unique;
+// What the table is called by in text: the group of an operation, and the types of its arguments and its result. For
+// whatever lists or documents the operations.
+
+/// The group of an operation, by what its name begins with; empty for a name that begins like no operation.
+constexpr std::string_view groupOf(std::string_view operationName) {
+    constexpr std::pair<std::string_view, std::string_view> groups[]{
+        {"view", "View"},       {"projection", "Projection"}, {"surface", "Surface"}, {"planarCamera", "PlanarCamera"},
+        {"utils", "Utilities"}, {"transform", "Transforms"}};
+    for (const auto& [beginning, group] : groups) {
+        if (operationName.substr(0, beginning.size()) == beginning) {
+            return group;
+        }
+    }
+    return {};
 }
-static_assert(operationNamesAreUnique());
+
+namespace detail {
+constexpr bool everyNameIsUniqueAndInAGroup() {
+    bool sound = true;
+    forEachOperation([&](std::size_t number, const auto& operation) {
+        sound = sound && findOperation(operation.name) == number && !groupOf(operation.name).empty();
+    });
+    return sound;
+}
+static_assert(everyNameIsUniqueAndInAGroup());
 } // namespace detail
+
+/// The name of the type of an argument or a result, of which references and constness do not count: a record's own,
+/// "ProjectionType", "double" or "int32".
+template <class Type>
+constexpr std::string_view typeName() {
+    using Value = std::remove_cvref_t<Type>;
+    if constexpr (std::is_same_v<Value, double>) {
+        return "double";
+    } else if constexpr (std::is_same_v<Value, std::int32_t>) {
+        return "int32";
+    } else if constexpr (std::is_same_v<Value, ProjectionType::type>) {
+        return "ProjectionType";
+    } else {
+        return FieldTable<Value>::recordName;
+    }
+}
+
+/// The names of the types of an operation's arguments after `_return`, beside its argumentNames.
+template <class Result, class... Arguments>
+constexpr std::array<std::string_view, sizeof...(Arguments)> argumentTypes(const Operation<Result, Arguments...>&) {
+    return {typeName<Arguments>()...};
+}
+
+/// The name of the record into which an operation writes.
+template <class Result, class... Arguments>
+constexpr std::string_view resultType(const Operation<Result, Arguments...>&) {
+    return typeName<Result>();
+}
 
 } // namespace qel::api::camera
