@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "records/RecordValue.h"
+#include <qel/api/Field.h>
 
 namespace qel::api::records {
 
@@ -25,7 +25,7 @@ inline void appendText(std::string& text, double value) {
 
 inline void appendText(std::string& text, std::int32_t value) { text += std::to_string(value); }
 
-/// The bytes as they are, also where they are no text (the images of the states).
+/// The bytes as they are, also where they are no text (the blobs of the states).
 inline void appendText(std::string& text, const std::string& value) { text += value; }
 
 /// An enumerator's name, or the number where the value has none.

@@ -13,9 +13,7 @@
 
 #include <qel/api/Field.h>
 
-#include "records/RecordValue.h"
 #include "wire/ChooseWire.h"
-#include "wire/DepthGuard.h"
 #include "wire/ReadElements.h"
 #include "wire/SkipField.h"
 #include "wire/WireTypes.h"
@@ -31,7 +29,7 @@ void writeFields(Writer& writer, const Record& record);
 template <class Reader, class Element>
 void readList(Reader& reader, std::vector<Element>& list) {
     wire::ReadElements<Element> elements(list);
-    const wire::Elements announced = reader.beginList();
+    const wire::Elements announced = reader.beginElements(::apache::thrift::protocol::T_LIST);
     if constexpr (std::is_same_v<Element, double>) {
         reader.readNumbers(elements, announced.size);
     } else {
@@ -40,7 +38,7 @@ void readList(Reader& reader, std::vector<Element>& list) {
             readList(reader, elements.next());
         }
     }
-    reader.endList();
+    reader.endElements(::apache::thrift::protocol::T_LIST);
 }
 
 template <class Reader, class Value>
@@ -51,7 +49,7 @@ void readValue(Reader& reader, Value& value, Form form) {
         std::int32_t number = 0;
         reader.read(number);
         value = static_cast<Value>(number);
-    } else if constexpr (wire::IsList<Value>::value) {
+    } else if constexpr (requires { typename Value::value_type; }) {
         readList(reader, value);
     } else if constexpr (std::is_class_v<Value>) {
         readFields(reader, value);
@@ -76,8 +74,7 @@ void readFields(Reader& reader, Record& record) {
     static_assert(fieldIdsAreSound<Record>());
     const wire::InputDepth depth(reader.protocol());
     const auto outer = reader.beginStruct();
-    for (wire::FieldHeader header = reader.beginField(); header.type != ::apache::thrift::protocol::T_STOP;
-         header = reader.beginField()) {
+    for (wire::FieldHeader header = reader.beginField(); header.type != wire::T_STOP; header = reader.beginField()) {
         const bool known =
             std::apply([&](const auto&... field) { return (readIfNamed(reader, record, header, field) || ...); },
                        FieldTable<Record>::fields);
@@ -95,7 +92,7 @@ void writeValue(Writer& writer, const Value& value, Form form) {
         form == Form::binary ? writer.writeBytes(value) : writer.writeText(value);
     } else if constexpr (std::is_enum_v<Value>) {
         writer.write(static_cast<std::int32_t>(value));
-    } else if constexpr (wire::IsList<Value>::value) {
+    } else if constexpr (requires { typename Value::value_type; }) {
         writer.beginList(wire::wireType<typename Value::value_type>(), static_cast<std::uint32_t>(value.size()));
         for (const auto& element : value) {
             writeValue(writer, element, form);
@@ -126,13 +123,13 @@ void writeFields(Writer& writer, const Record& record) {
 
 /// Fills the record from the protocol; returns the bytes read.
 template <class Record>
-std::uint32_t readRecord(Record& record, ::apache::thrift::protocol::TProtocol& protocol) {
+std::uint32_t readRecord(Record& record, wire::TProtocol& protocol) {
     return wire::withReader(protocol, [&](auto& reader) { readFields(reader, record); });
 }
 
 /// Writes the record to the protocol; returns the bytes written.
 template <class Record>
-std::uint32_t writeRecord(const Record& record, ::apache::thrift::protocol::TProtocol& protocol) {
+std::uint32_t writeRecord(const Record& record, wire::TProtocol& protocol) {
     return wire::withWriter(protocol, [&](auto& writer) { writeFields(writer, record); });
 }
 

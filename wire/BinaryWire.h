@@ -16,8 +16,6 @@
 #include "wire/ByteSink.h"
 #include "wire/ByteSource.h"
 #include "wire/ReadElements.h"
-#include "wire/TakeNumbers.h"
-#include "wire/WireLimits.h"
 #include "wire/WireTypes.h"
 
 namespace qel::api::wire {
@@ -27,8 +25,7 @@ namespace qel::api::wire {
 template <std::endian order>
 class BinaryReader {
 public:
-    BinaryReader(::apache::thrift::protocol::TProtocol& protocol, ::apache::thrift::transport::TTransport& transport,
-                 WireLimits limits)
+    BinaryReader(TProtocol& protocol, TTransport& transport, WireLimits limits)
         : mProtocol(protocol), mSource(transport), mLimits(limits) {}
 
     struct Struct {};
@@ -39,24 +36,22 @@ public:
     FieldHeader beginField() {
         FieldHeader header;
         header.type = readType();
-        if (header.type != ::apache::thrift::protocol::T_STOP) {
+        if (header.type != T_STOP) {
             read(header.id);
         }
         return header;
     }
     void endField() {}
 
-    Elements beginList() {
+    /// A set is written as a list is.
+    Elements beginElements(TType) {
         Elements elements;
         elements.type = readType();
         elements.size = readSize(mLimits.container);
         checkArrival(mProtocol, mSource.transport(), elements.size, elements.type);
         return elements;
     }
-    void endList() {}
-
-    Elements beginSet() { return beginList(); }
-    void endSet() {}
+    void endElements(TType) {}
 
     Pairs beginMap() {
         Pairs pairs;
@@ -93,15 +88,13 @@ public:
     }
     void readBytes(std::string& value) { readText(value); }
 
-    void readNumbers(ReadElements<double>& elements, std::uint32_t size) {
-        takeNumbers<order>(mSource, elements, size);
-    }
+    void readNumbers(ReadElements<double>& elements, std::uint32_t size) { mSource.takeNumbers<order>(elements, size); }
 
     /// A list takes 5 bytes at least.
     std::size_t listsAtHand() { return mSource.atHand(1) / 5; }
 
     std::uint32_t count() const { return mSource.count(); }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() { mSource.settle(); }
 
 private:
@@ -115,7 +108,7 @@ private:
         return checkedSize(size, limit);
     }
 
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     ByteSource mSource;
     WireLimits mLimits;
 };
@@ -124,13 +117,12 @@ private:
 template <std::endian order>
 class BinaryWriter {
 public:
-    BinaryWriter(::apache::thrift::protocol::TProtocol& protocol, ::apache::thrift::transport::TTransport& transport)
-        : mProtocol(protocol), mSink(transport) {}
+    BinaryWriter(TProtocol& protocol, TTransport& transport) : mProtocol(protocol), mSink(transport) {}
 
     struct Struct {};
 
     Struct beginStruct(const char*) { return {}; }
-    void endStruct(Struct) { *mSink.put(1) = ::apache::thrift::protocol::T_STOP; }
+    void endStruct(Struct) { *mSink.put(1) = T_STOP; }
 
     void beginField(const char*, TType type, std::int16_t id) {
         std::uint8_t* bytes = mSink.put(3);
@@ -149,7 +141,6 @@ public:
     void write(std::int32_t value) { store<order>(mSink.put(4), value); }
     void write(double value) { store<order>(mSink.put(8), value); }
     void writeText(const std::string& value) {
-        using ::apache::thrift::protocol::TProtocolException;
         if (value.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
             throw TProtocolException(TProtocolException::SIZE_LIMIT);
         }
@@ -159,11 +150,11 @@ public:
     void writeBytes(const std::string& value) { writeText(value); }
 
     std::uint32_t count() const { return mSink.count(); }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() { mSink.flush(); }
 
 private:
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     ByteSink mSink;
 };
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <bit>
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace qel::api::wire {
 
@@ -12,25 +12,15 @@ inline std::uint16_t swapBytes(std::uint16_t bits) { return __builtin_bswap16(bi
 inline std::uint32_t swapBytes(std::uint32_t bits) { return __builtin_bswap32(bits); }
 inline std::uint64_t swapBytes(std::uint64_t bits) { return __builtin_bswap64(bits); }
 
-template <std::size_t size>
-struct BitsOf;
-template <>
-struct BitsOf<2> {
-    using Type = std::uint16_t;
-};
-template <>
-struct BitsOf<4> {
-    using Type = std::uint32_t;
-};
-template <>
-struct BitsOf<8> {
-    using Type = std::uint64_t;
-};
+/// The unsigned number that has as many bytes as a number of 2, 4 or 8.
+template <class Number>
+using BitsOf = std::conditional_t<sizeof(Number) == 2, std::uint16_t,
+                                  std::conditional_t<sizeof(Number) == 4, std::uint32_t, std::uint64_t>>;
 
 /// The number that stands at `bytes` in the given order.
 template <std::endian order, class Number>
 Number load(const std::uint8_t* bytes) {
-    typename BitsOf<sizeof(Number)>::Type bits;
+    BitsOf<Number> bits;
     std::memcpy(&bits, bytes, sizeof(bits));
     return std::bit_cast<Number>(order == std::endian::native ? bits : swapBytes(bits));
 }
@@ -38,7 +28,7 @@ Number load(const std::uint8_t* bytes) {
 /// Puts the number to `bytes` in the given order.
 template <std::endian order, class Number>
 void store(std::uint8_t* bytes, Number number) {
-    auto bits = std::bit_cast<typename BitsOf<sizeof(Number)>::Type>(number);
+    auto bits = std::bit_cast<BitsOf<Number>>(number);
     if (order != std::endian::native) {
         bits = swapBytes(bits);
     }

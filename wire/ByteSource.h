@@ -3,12 +3,16 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
 
 #include <thrift/transport/TTransport.h>
+
+#include "wire/ByteOrder.h"
+#include "wire/ReadElements.h"
 
 namespace qel::api::wire {
 
@@ -24,20 +28,9 @@ public:
     ByteSource& operator=(const ByteSource&) = delete;
 
     /// The next `size` bytes, at most 16. They stay valid until the next call. Throws the transport's exception when
-    /// it ends before them.
-    const std::uint8_t* take(std::uint32_t size) {
-        if (lookedAt() < size) {
-            return takeAcross(size);
-        }
-        return takeAtHand(size);
-    }
-
-    /// The next `size` bytes, which atHand() has found in reach.
-    const std::uint8_t* takeAtHand(std::size_t size) {
-        const std::uint8_t* bytes = mNext;
-        mNext += size;
-        mCount += static_cast<std::uint32_t>(size);
-        return bytes;
+    /// it ends before them. Inlined wherever it stands: a camera is then read in a tenth fewer instructions.
+    [[gnu::always_inline]] const std::uint8_t* take(std::uint32_t size) {
+        return lookedAt() < size ? takeAcross(size) : takeAtHand(size);
     }
 
     /// How many bytes are in reach without waiting for the other side; 0 when fewer than `size` are.
@@ -75,6 +68,26 @@ public:
         }
     }
 
+    /// Reads doubles: those that are at hand in one go, the others one by one as they arrive. The list grows by what is
+    /// there, whatever size was announced.
+    template <std::endian order>
+    void takeNumbers(ReadElements<double>& elements, std::uint32_t size) {
+        for (std::uint32_t done = 0; done < size;) {
+            const auto inReach = static_cast<std::uint32_t>(std::min<std::size_t>(size - done, atHand(8) / 8));
+            if (inReach == 0) {
+                elements.next() = load<order, double>(take(8)); // which comes before next()
+                ++done;
+                continue;
+            }
+            double* numbers = elements.next(inReach);
+            const std::uint8_t* bytes = takeAtHand(std::size_t{8} * inReach);
+            for (std::uint32_t i = 0; i < inReach; ++i) {
+                numbers[i] = load<order, double>(bytes + std::size_t{8} * i);
+            }
+            done += inReach;
+        }
+    }
+
     /// Takes from the transport what has been decoded so far. The reading of a record ends with it, also when an
     /// exception ends the reading, so that the transport stands where the protocol itself would have left it.
     void settle() {
@@ -95,6 +108,14 @@ public:
 
 private:
     static constexpr std::size_t firstStep = 512; ///< bytes of a text made room for before any has arrived
+
+    /// The next `size` bytes, which atHand() has found in reach.
+    const std::uint8_t* takeAtHand(std::size_t size) {
+        const std::uint8_t* bytes = mNext;
+        mNext += size;
+        mCount += static_cast<std::uint32_t>(size);
+        return bytes;
+    }
 
     std::size_t lookedAt() const { return static_cast<std::size_t>(mEnd - mNext); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -9,27 +10,61 @@
 #include <string>
 
 #include <thrift/TUuid.h>
+#include <thrift/Thrift.h>
 #include <thrift/protocol/TProtocol.h>
 #include <thrift/protocol/TProtocolException.h>
 
 #include "wire/ByteOrder.h"
 #include "wire/ByteSink.h"
 #include "wire/ByteSource.h"
-#include "wire/CompactTypes.h"
 #include "wire/ReadElements.h"
-#include "wire/TakeNumbers.h"
-#include "wire/WireLimits.h"
 #include "wire/WireTypes.h"
 
 namespace qel::api::wire {
+namespace compact {
+
+// The 4-bit types of the Compact protocol.
+inline constexpr std::uint8_t stop = 0;
+inline constexpr std::uint8_t boolTrue = 1;
+inline constexpr std::uint8_t boolFalse = 2;
+
+inline constexpr std::uint32_t longestVarint = 10;  ///< bytes of a 64-bit varint
+inline constexpr std::uint32_t longestVarint32 = 5; ///< bytes of a 32-bit varint
+
+[[noreturn]] inline void refuseType(std::uint8_t type) {
+    throw ::apache::thrift::TException(std::string("don't know what type: ") + static_cast<char>(type));
+}
+
+inline TType toType(std::uint8_t type) {
+    using namespace ::apache::thrift::protocol;
+    static constexpr std::array types{T_STOP,   T_BOOL,   T_BOOL, T_BYTE, T_I16, T_I32,    T_I64,
+                                      T_DOUBLE, T_STRING, T_LIST, T_SET,  T_MAP, T_STRUCT, T_UUID};
+    if (type >= types.size()) {
+        refuseType(type);
+    }
+    return types[type];
+}
+
+/// For the types that fields and elements of records have.
+constexpr std::uint8_t fromType(TType type) {
+    using namespace ::apache::thrift::protocol;
+    switch (type) {
+    case T_I32: return 5;
+    case T_DOUBLE: return 7;
+    case T_STRING: return 8;
+    case T_LIST: return 9;
+    default: return 12; // a record
+    }
+}
+
+} // namespace compact
 
 /// Reads a record from Thrift's Compact protocol: whole numbers as zigzag varints, doubles as 8 bytes, a field as one
 /// byte of id step and type where the step is 1 to 15, a list as one byte of size and type where it has less than 15
 /// elements.
 class CompactReader {
 public:
-    CompactReader(::apache::thrift::protocol::TProtocol& protocol, ::apache::thrift::transport::TTransport& transport,
-                  WireLimits limits)
+    CompactReader(TProtocol& protocol, TTransport& transport, WireLimits limits)
         : mProtocol(protocol), mSource(transport), mLimits(limits) {}
 
     struct Struct {
@@ -64,7 +99,8 @@ public:
     }
     void endField() {}
 
-    Elements beginList() {
+    /// A set is written as a list is.
+    Elements beginElements(TType) {
         Elements elements;
         const std::uint8_t byte = *mSource.take(1);
         std::int32_t size = byte >> 4;
@@ -76,10 +112,7 @@ public:
         checkArrival(mProtocol, mSource.transport(), elements.size, elements.type);
         return elements;
     }
-    void endList() {}
-
-    Elements beginSet() { return beginList(); }
-    void endSet() {}
+    void endElements(TType) {}
 
     Pairs beginMap() {
         Pairs pairs;
@@ -122,14 +155,14 @@ public:
     void readBytes(std::string& value) { readText(value); }
 
     void readNumbers(ReadElements<double>& elements, std::uint32_t size) {
-        takeNumbers<std::endian::little>(mSource, elements, size);
+        mSource.takeNumbers<std::endian::little>(elements, size);
     }
 
     /// A list takes 1 byte at least.
     std::size_t listsAtHand() { return mSource.atHand(1); }
 
     std::uint32_t count() const { return mSource.count(); }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() { mSource.settle(); }
 
 private:
@@ -146,7 +179,6 @@ private:
 
     template <class NextByte>
     static std::uint64_t joinVarint(NextByte nextByte) {
-        using ::apache::thrift::protocol::TProtocolException;
         std::uint64_t number = 0;
         for (unsigned i = 0; i < compact::longestVarint; ++i) {
             const std::uint8_t byte = nextByte();
@@ -163,7 +195,7 @@ private:
         return static_cast<std::int32_t>((number >> 1) ^ (~(number & 1) + 1));
     }
 
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     ByteSource mSource;
     WireLimits mLimits;
     std::int16_t mLastId = 0;
@@ -173,8 +205,7 @@ private:
 /// Writes a record as CompactReader reads it.
 class CompactWriter {
 public:
-    CompactWriter(::apache::thrift::protocol::TProtocol& protocol, ::apache::thrift::transport::TTransport& transport)
-        : mProtocol(protocol), mSink(transport) {}
+    CompactWriter(TProtocol& protocol, TTransport& transport) : mProtocol(protocol), mSink(transport) {}
 
     using Struct = CompactReader::Struct;
 
@@ -214,7 +245,6 @@ public:
     }
     void write(double value) { store<std::endian::little>(mSink.put(8), value); }
     void writeText(const std::string& value) {
-        using ::apache::thrift::protocol::TProtocolException;
         if (value.size() > std::numeric_limits<std::uint32_t>::max() - compact::longestVarint32) {
             throw TProtocolException(TProtocolException::SIZE_LIMIT);
         }
@@ -224,7 +254,7 @@ public:
     void writeBytes(const std::string& value) { writeText(value); }
 
     std::uint32_t count() const { return mSink.count(); }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() { mSink.flush(); }
 
 private:
@@ -236,7 +266,7 @@ private:
         *mSink.put(1) = static_cast<std::uint8_t>(number);
     }
 
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     ByteSink mSink;
     std::int16_t mLastId = 0;
 };

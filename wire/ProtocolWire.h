@@ -16,7 +16,7 @@ namespace qel::api::wire {
 /// Reads a record through the calls of any protocol. BinaryReader and CompactReader offer the same functions.
 class ProtocolReader {
 public:
-    explicit ProtocolReader(::apache::thrift::protocol::TProtocol& protocol) : mProtocol(protocol) {}
+    explicit ProtocolReader(TProtocol& protocol) : mProtocol(protocol) {}
 
     struct Struct {}; ///< what a reader has to remember while it is inside of a struct
 
@@ -34,21 +34,18 @@ public:
     }
     void endField() { mCount += mProtocol.readFieldEnd(); }
 
-    Elements beginList() {
+    /// Of a list or a set.
+    Elements beginElements(TType container) {
         Elements elements;
-        mCount += mProtocol.readListBegin(elements.type, elements.size);
+        mCount += container == ::apache::thrift::protocol::T_SET
+                      ? mProtocol.readSetBegin(elements.type, elements.size)
+                      : mProtocol.readListBegin(elements.type, elements.size);
         elements.type = soundType(elements.type);
         return elements;
     }
-    void endList() { mCount += mProtocol.readListEnd(); }
-
-    Elements beginSet() {
-        Elements elements;
-        mCount += mProtocol.readSetBegin(elements.type, elements.size);
-        elements.type = soundType(elements.type);
-        return elements;
+    void endElements(TType container) {
+        mCount += container == ::apache::thrift::protocol::T_SET ? mProtocol.readSetEnd() : mProtocol.readListEnd();
     }
-    void endSet() { mCount += mProtocol.readSetEnd(); }
 
     Pairs beginMap() {
         Pairs pairs;
@@ -81,11 +78,11 @@ public:
     std::size_t listsAtHand() { return 0; }
 
     std::uint32_t count() const { return mCount; }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() {}
 
 private:
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     std::string mName;
     std::uint32_t mCount = 0;
 };
@@ -93,7 +90,7 @@ private:
 /// Writes a record through the calls of any protocol. BinaryWriter and CompactWriter offer the same functions.
 class ProtocolWriter {
 public:
-    explicit ProtocolWriter(::apache::thrift::protocol::TProtocol& protocol) : mProtocol(protocol) {}
+    explicit ProtocolWriter(TProtocol& protocol) : mProtocol(protocol) {}
 
     struct Struct {};
 
@@ -106,14 +103,12 @@ public:
         mCount += mProtocol.writeStructEnd();
     }
 
-    void beginField(const char* name, ::apache::thrift::protocol::TType type, std::int16_t id) {
+    void beginField(const char* name, TType type, std::int16_t id) {
         mCount += mProtocol.writeFieldBegin(name, type, id);
     }
     void endField() { mCount += mProtocol.writeFieldEnd(); }
 
-    void beginList(::apache::thrift::protocol::TType type, std::uint32_t size) {
-        mCount += mProtocol.writeListBegin(type, size);
-    }
+    void beginList(TType type, std::uint32_t size) { mCount += mProtocol.writeListBegin(type, size); }
     void endList() { mCount += mProtocol.writeListEnd(); }
 
     void write(std::int32_t value) { mCount += mProtocol.writeI32(value); }
@@ -122,11 +117,11 @@ public:
     void writeBytes(const std::string& value) { mCount += mProtocol.writeBinary(value); }
 
     std::uint32_t count() const { return mCount; }
-    ::apache::thrift::protocol::TProtocol& protocol() { return mProtocol; }
+    TProtocol& protocol() { return mProtocol; }
     void finish() {}
 
 private:
-    ::apache::thrift::protocol::TProtocol& mProtocol;
+    TProtocol& mProtocol;
     std::uint32_t mCount = 0;
 };
 

@@ -8,7 +8,6 @@
 #include <thrift/protocol/TProtocol.h>
 #include <thrift/protocol/TProtocolException.h>
 
-#include "wire/DepthGuard.h"
 #include "wire/WireTypes.h"
 
 namespace qel::api::wire {
@@ -54,19 +53,13 @@ void skipField(Reader& reader, TType type) {
         }
         return reader.endMap();
     }
-    case T_SET: {
-        const Elements elements = reader.beginSet();
-        for (std::uint32_t i = 0; i < elements.size; ++i) {
-            skipField(reader, elements.type);
-        }
-        return reader.endSet();
-    }
+    case T_SET:
     case T_LIST: {
-        const Elements elements = reader.beginList();
+        const Elements elements = reader.beginElements(type);
         for (std::uint32_t i = 0; i < elements.size; ++i) {
             skipField(reader, elements.type);
         }
-        return reader.endList();
+        return reader.endElements(type);
     }
     default: throw TProtocolException(TProtocolException::INVALID_DATA, "invalid TType");
     }
