@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -17,7 +18,7 @@
 namespace qel::api {
 
 /// Records with random contents: numbers of every magnitude with signed zeros, infinities and denormals among them,
-/// texts and images with zero bytes, lists of any length from empty, ragged matrices, flags up or down. The same seed
+/// texts and blobs with zero bytes, lists of any length from empty, ragged matrices, flags up or down. The same seed
 /// gives the same records to every class that has the same field table.
 class RandomRecords {
 public:
@@ -33,26 +34,27 @@ public:
     /// NaN breaks comparing by ==, so it is left out unless asked for.
     void allowNaN() { mNaN = true; }
 
-    /// Thrift's JSON protocol drops zero bytes from texts (not from images, which it writes as base64).
+    /// Thrift's JSON protocol drops zero bytes from texts (not from blobs, which it writes as base64).
     void noZeroBytesInTexts() { mZeroBytes = false; }
 
     void fill(double& value) {
-        const double special[] = {0.0,
-                                  -0.0,
-                                  1.0,
-                                  -1.0,
-                                  0.1,
-                                  2.5,
-                                  1e20,
-                                  1e-5,
-                                  123456789.0,
-                                  std::numeric_limits<double>::infinity(),
-                                  -std::numeric_limits<double>::infinity(),
-                                  std::numeric_limits<double>::denorm_min(),
-                                  std::numeric_limits<double>::min(),
-                                  std::numeric_limits<double>::max(),
-                                  std::numeric_limits<double>::lowest(),
-                                  std::numeric_limits<double>::epsilon()};
+        using Limits = std::numeric_limits<double>;
+        const double special[]{0.0,
+                               -0.0,
+                               1.0,
+                               -1.0,
+                               0.1,
+                               2.5,
+                               1e20,
+                               1e-5,
+                               123456789.0,
+                               Limits::infinity(),
+                               -Limits::infinity(),
+                               Limits::denorm_min(),
+                               Limits::min(),
+                               Limits::max(),
+                               Limits::lowest(),
+                               Limits::epsilon()};
         switch (below(mNaN ? 4 : 3)) {
         case 0: value = special[below(std::size(special))]; break;
         case 1: value = std::uniform_real_distribution<double>(-1000.0, 1000.0)(mRandom); break;
@@ -64,16 +66,7 @@ public:
     }
 
     void fill(std::int32_t& value) {
-        const std::int32_t special[] = {0,
-                                        1,
-                                        -1,
-                                        4,
-                                        63,
-                                        64,
-                                        -64,
-                                        -65,
-                                        std::numeric_limits<std::int32_t>::max(),
-                                        std::numeric_limits<std::int32_t>::min()};
+        const std::int32_t special[]{0, 1, -1, 4, 63, 64, -64, -65, INT32_MAX, INT32_MIN};
         value = below(2) == 0 ? special[below(std::size(special))] : static_cast<std::int32_t>(mRandom());
     }
 
@@ -142,15 +135,8 @@ bool identical(const Record& a, const Record& b);
 
 template <class Element>
 bool identical(const std::vector<Element>& a, const std::vector<Element>& b) {
-    if (a.size() != b.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (!identical(a[i], b[i])) {
-            return false;
-        }
-    }
-    return true;
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Element& one, const Element& other) { return identical(one, other); });
 }
 
 /// The same to the bit in every field, values under lowered flags included, and the same flags.

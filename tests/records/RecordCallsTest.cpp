@@ -15,39 +15,19 @@ namespace {
 
 using ::testing::ElementsAre;
 
-using base::ServiceResult;
-using camera::Matrix;
-
-TEST(RecordCalls, WritesItsFieldsInOrder) {
+TEST(RecordCalls, WritesEachListWithItsOwnSizeAndBlobsAsBinary) {
     EventProtocol protocol;
-    ServiceResult r;
-    r.mError = 4;
-    r.__set_mMessage("m");
-    EXPECT_EQ(r.write(&protocol), protocol.returned);
-    EXPECT_THAT(protocol.events, ElementsAre("struct ServiceResult", "field mError 8 1", "i32 4", "end field",
-                                             "field mMessage 11 2", "string m", "end field", "stop", "end struct"));
-}
-
-TEST(RecordCalls, WritesImagesAsBinaryAndTextsAsStrings) {
-    EventProtocol protocol;
-    camera::SurfaceState s;
-    s.mPrivate = "image";
-    s.write(&protocol);
-    EXPECT_THAT(protocol.events, ::testing::Contains("binary image"));
-    base::StringResult t;
-    t.mValue = "text";
-    t.write(&protocol);
-    EXPECT_THAT(protocol.events, ::testing::Contains("string text"));
-}
-
-TEST(RecordCalls, WritesEachListWithItsOwnSize) {
-    EventProtocol protocol;
-    Matrix m;
-    m.mData = {{}, {1}};
-    EXPECT_EQ(m.write(&protocol), protocol.returned);
+    camera::ViewState v;
+    v.mViewTransformMatrix.mData = {{}, {1}};
+    v.mPrivate = "blob";
+    EXPECT_EQ(v.write(&protocol), protocol.returned);
+    protocol.events.resize(14);
     EXPECT_THAT(protocol.events,
-                ElementsAre("struct Matrix", "field mData 15 1", "list 15 2", "list 4 0", "end list", "list 4 1",
-                            "double 1.000000", "end list", "end list", "end field", "stop", "end struct"));
+                ElementsAre("struct ViewState", "field mViewTransformMatrix 12 1", "struct Matrix", "field mData 15 1",
+                            "list 15 2", "list 4 0", "end list", "list 4 1", "double 1.000000", "end list", "end list",
+                            "end field", "stop", "end struct"));
+    v.write(&protocol);
+    EXPECT_THAT(protocol.events, ::testing::Contains("binary blob"));
 }
 
 /// The name, wire type and id of each field, written down a second time.

@@ -20,12 +20,10 @@ namespace {
 
 using base::ServiceResult;
 using base::StringResult;
-using camera::Frustum;
 using camera::Matrix;
 using camera::ProjectionState;
 using camera::ProjectionType;
 using camera::Vector;
-using camera::Viewport;
 
 template <class Record>
 std::string text(const Record& record) {
@@ -45,12 +43,6 @@ TEST(RecordText, Vector) {
     EXPECT_EQ(text(vector({1, 2.5, -3})), "Vector(mData=[1, 2.5, -3])");
 }
 
-TEST(RecordText, Quaternion) {
-    camera::Quaternion q;
-    q.mData = {0, 0, 0, 1};
-    EXPECT_EQ(text(q), "Quaternion(mData=[0, 0, 0, 1])");
-}
-
 TEST(RecordText, Matrix) {
     Matrix m;
     EXPECT_EQ(text(m), "Matrix(mData=[])");
@@ -58,22 +50,6 @@ TEST(RecordText, Matrix) {
     EXPECT_EQ(text(m), "Matrix(mData=[[1, 0, 0, 0], [0, 1, 0, 0], [0, 0, 1, 0], [0, 0, 0, 1]])");
     m.mData = {{}, {2}, {3, 4}};
     EXPECT_EQ(text(m), "Matrix(mData=[[], [2], [3, 4]])");
-}
-
-TEST(RecordText, FrustumAndViewport) {
-    Frustum f;
-    f.mLeft = -1;
-    f.mRight = 1;
-    f.mBottom = -0.5;
-    f.mTop = 0.5;
-    f.mNearDist = 0.25;
-    f.mFarDist = 1000;
-    EXPECT_EQ(text(f), "Frustum(mLeft=-1, mRight=1, mBottom=-0.5, mTop=0.5, mNearDist=0.25, mFarDist=1000)");
-    Viewport v;
-    v.mWidth = 1;
-    v.mHeight = 1;
-    v.mDepthMax = 1;
-    EXPECT_EQ(text(v), "Viewport(mX=0, mY=0, mWidth=1, mHeight=1, mDepthMin=0, mDepthMax=1)");
 }
 
 TEST(RecordText, ServiceResultShowsAMessageOnlyWhileItIsSet) {
@@ -86,7 +62,7 @@ TEST(RecordText, ServiceResultShowsAMessageOnlyWhileItIsSet) {
     EXPECT_EQ(text(r), "ServiceResult(mError=-1, mMessage=Call to viewSetEye() failed.)");
 }
 
-TEST(RecordText, StatesPrintTheirImageAsRawBytes) {
+TEST(RecordText, StatesPrintTheirBlobAsRawBytes) {
     camera::ViewState v;
     v.mEye = vector({1, 2, 3});
     v.mPrivate = std::string("a\0\xff(", 4);
@@ -94,11 +70,6 @@ TEST(RecordText, StatesPrintTheirImageAsRawBytes) {
                        "mEye=Vector(mData=[1, 2, 3]), mDirection=Vector(mData=[]), "
                        "mOrientation=Quaternion(mData=[]), mPrivate=" +
                            std::string("a\0\xff()", 5));
-    camera::SurfaceState s;
-    s.mResolutionX = 1920;
-    s.mResolutionY = 1080;
-    EXPECT_EQ(text(s), "SurfaceState(mViewport=Viewport(mX=0, mY=0, mWidth=0, mHeight=0, mDepthMin=0, mDepthMax=0), "
-                       "mResolutionX=1920, mResolutionY=1080, mPrivate=)");
 }
 
 TEST(RecordText, AnEnumerationByNameOrElseByNumber) {
@@ -123,33 +94,9 @@ TEST(RecordText, ResultsInDeclaredOrder) {
     camera::VectorResult v;
     v.mValue = vector({0.5});
     EXPECT_EQ(text(v), "VectorResult(mValue=Vector(mData=[0.5]), mResult=ServiceResult(mError=0, mMessage=<null>))");
-    camera::MatrixResult m;
-    EXPECT_EQ(text(m), "MatrixResult(mValue=Matrix(mData=[]), mResult=ServiceResult(mError=0, mMessage=<null>))");
     camera::DoubleResult d;
     d.mValue = 1.5;
     EXPECT_EQ(text(d), "DoubleResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=1.5)");
-}
-
-TEST(RecordText, ResultsOfStatesShowTheStateAndTheOutcome) {
-    const std::string outcome = ", mResult=ServiceResult(mError=0, mMessage=<null>))";
-    EXPECT_EQ(text(camera::ViewStateResult()), "ViewStateResult(mValue=" + text(camera::ViewState()) + outcome);
-    EXPECT_EQ(text(camera::ProjectionStateResult()),
-              "ProjectionStateResult(mValue=" + text(ProjectionState()) + outcome);
-    EXPECT_EQ(text(camera::SurfaceStateResult()),
-              "SurfaceStateResult(mValue=" + text(camera::SurfaceState()) + outcome);
-    EXPECT_EQ(text(camera::PlanarCameraStateResult()),
-              "PlanarCameraStateResult(mValue=" + text(camera::PlanarCameraState()) + outcome);
-    EXPECT_EQ(text(camera::PlanarCameraState()),
-              "PlanarCameraState(mViewState=" + text(camera::ViewState()) + ", mProjectionState=" +
-                  text(ProjectionState()) + ", mSurfaceState=" + text(camera::SurfaceState()) + ", mPrivate=)");
-}
-
-TEST(RecordText, PlanarCameraStateNamesItsStates) {
-    const std::string s = text(camera::PlanarCameraStateResult());
-    EXPECT_TRUE(s.starts_with("PlanarCameraStateResult(mValue=PlanarCameraState(mViewState=ViewState(")) << s;
-    EXPECT_NE(s.find("), mProjectionState=ProjectionState("), std::string::npos) << s;
-    EXPECT_NE(s.find("), mSurfaceState=SurfaceState("), std::string::npos) << s;
-    EXPECT_TRUE(s.ends_with(", mPrivate=), mResult=ServiceResult(mError=0, mMessage=<null>))")) << s;
 }
 
 std::string number(double value) {
@@ -170,9 +117,6 @@ TEST(RecordText, DoublesWithSeventeenDigits) {
     EXPECT_EQ(number(1234567.0), "1234567");
     EXPECT_EQ(number(std::numeric_limits<double>::denorm_min()), "4.9406564584124654e-324");
     EXPECT_EQ(number(std::numeric_limits<double>::max()), "1.7976931348623157e+308");
-}
-
-TEST(RecordText, NotANumberAndInfinityAsTheLibraryPrintsThem) {
     EXPECT_EQ(number(std::numeric_limits<double>::infinity()), "inf");
     EXPECT_EQ(number(-std::numeric_limits<double>::infinity()), "-inf");
     EXPECT_EQ(number(std::numeric_limits<double>::quiet_NaN()), "nan");

@@ -34,6 +34,15 @@ int protocolExceptionOf(Call call) {
     return -1;
 }
 
+/// The counter shows in how deep the protocol still goes.
+template <class Protocol>
+void expectDepthLeft(Protocol& protocol, std::uint32_t depth) {
+    for (std::uint32_t i = 0; i < depth; ++i) {
+        EXPECT_NO_THROW(protocol.incrementInputRecursionDepth()) << depth;
+    }
+    EXPECT_EQ(protocolExceptionOf([&] { protocol.incrementInputRecursionDepth(); }), TProtocolException::DEPTH_LIMIT);
+}
+
 // The deepest way through a PlanarCameraStateResult is itself, its state, the view in it, and a matrix: 4 levels.
 constexpr std::uint32_t levels = 4;
 
@@ -59,12 +68,7 @@ TYPED_TEST(DepthLimit, ReadingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
         TypeParam protocol(bufferOf(bytes));
         protocol.setRecurisionLimit(limit);
         EXPECT_EQ(protocolExceptionOf([&] { read.read(&protocol); }), TProtocolException::DEPTH_LIMIT);
-        // The counter shows in how deep this protocol still goes.
-        for (std::uint32_t i = 0; i < limit; ++i) {
-            protocol.incrementInputRecursionDepth();
-        }
-        EXPECT_EQ(protocolExceptionOf([&] { protocol.incrementInputRecursionDepth(); }),
-                  TProtocolException::DEPTH_LIMIT);
+        expectDepthLeft(protocol, limit);
     }
 }
 
@@ -73,19 +77,17 @@ TYPED_TEST(DepthLimit, SkippingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
     constexpr std::uint32_t nested = 10;
     auto buffer = std::make_shared<TMemoryBuffer>();
     TypeParam writer(buffer);
-    writer.writeStructBegin("Viewport");
-    writer.writeFieldBegin("", T_LIST, 7);
-    for (std::uint32_t i = 1; i < nested; ++i) {
-        writer.writeListBegin(T_LIST, 1);
-    }
-    writer.writeListBegin(T_I32, 1);
-    writer.writeI32(5);
-    for (std::uint32_t i = 0; i < nested; ++i) {
-        writer.writeListEnd();
-    }
-    writer.writeFieldEnd();
-    writer.writeFieldStop();
-    writer.writeStructEnd();
+    writeStruct(writer, [&] {
+        writeField(writer, T_LIST, 7, [&] {
+            for (std::uint32_t i = 0; i < nested; ++i) {
+                writer.writeListBegin(i + 1 < nested ? T_LIST : T_I32, 1);
+            }
+            writer.writeI32(5);
+            for (std::uint32_t i = 0; i < nested; ++i) {
+                writer.writeListEnd();
+            }
+        });
+    });
     const std::string bytes = buffer->getBufferAsString();
     constexpr std::uint32_t needed = 1 + nested + 1; // the record, the lists, the number
 
@@ -95,11 +97,7 @@ TYPED_TEST(DepthLimit, SkippingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
         protocol.setRecurisionLimit(limit);
         const int thrown = protocolExceptionOf([&] { v.read(&protocol); });
         EXPECT_EQ(thrown, limit < needed ? static_cast<int>(TProtocolException::DEPTH_LIMIT) : -1) << limit;
-        for (std::uint32_t i = 0; i < limit; ++i) {
-            EXPECT_NO_THROW(protocol.incrementInputRecursionDepth()) << limit;
-        }
-        EXPECT_EQ(protocolExceptionOf([&] { protocol.incrementInputRecursionDepth(); }),
-                  TProtocolException::DEPTH_LIMIT);
+        expectDepthLeft(protocol, limit);
     }
 }
 
@@ -110,10 +108,7 @@ TYPED_TEST(DepthLimit, ATruncatedMessageLeavesTheCounterAsItWas) {
     protocol.setRecurisionLimit(levels);
     PlanarCameraStateResult read;
     EXPECT_ANY_THROW(read.read(&protocol));
-    for (std::uint32_t i = 0; i < levels; ++i) {
-        EXPECT_NO_THROW(protocol.incrementInputRecursionDepth());
-    }
-    EXPECT_ANY_THROW(protocol.incrementInputRecursionDepth());
+    expectDepthLeft(protocol, levels);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 
 namespace qel::api {
 
-/// Bytes that operator new has handed out and not taken back, in the program that AllocationCount.cpp is linked to.
+/// Bytes that operator new has handed out and not taken back, in the program that HeldBytes.cpp is linked to.
 std::size_t allocatedBytes();
 
 /// The most that allocatedBytes() has been since the last call of forgetPeak().

@@ -39,11 +39,26 @@ RandomRecords randomRecordsFor(std::uint64_t seed) {
     return random;
 }
 
+/// Writes a struct whose fields the call writes.
+template <class Protocol, class Fields>
+void writeStruct(Protocol& protocol, Fields fields) {
+    protocol.writeStructBegin("");
+    fields();
+    protocol.writeFieldStop();
+    protocol.writeStructEnd();
+}
+
+/// Writes a field whose value the call writes.
+template <class Protocol, class Value>
+void writeField(Protocol& protocol, ::apache::thrift::protocol::TType type, std::int16_t id, Value value) {
+    protocol.writeFieldBegin("", type, id);
+    value();
+    protocol.writeFieldEnd();
+}
+
 template <class Protocol>
 void writeNumberField(Protocol& protocol, std::int16_t id, double value) {
-    protocol.writeFieldBegin("", ::apache::thrift::protocol::T_DOUBLE, id);
-    protocol.writeDouble(value);
-    protocol.writeFieldEnd();
+    writeField(protocol, ::apache::thrift::protocol::T_DOUBLE, id, [&] { protocol.writeDouble(value); });
 }
 
 } // namespace qel::api

@@ -22,7 +22,7 @@ namespace {
 
 using namespace ::apache::thrift::protocol;
 
-// A record as the component fills it: 3 coordinates, 4 components, 4x4 elements, whole images, no message. Every number
+// A record as the component fills it: 3 coordinates, 4 components, 4x4 elements, whole blobs, no message. Every number
 // is one third, which takes 17 digits where numbers are written as text.
 constexpr double number = 1.0 / 3.0;
 

@@ -16,11 +16,12 @@
 
 #include "tests/records/AllRecords.h"
 #include "tests/records/RandomRecords.h"
+#include "tests/wire/BrokenMessages.h"
 #include "tests/wire/WireBytes.h"
 
 // Binary and Compact are decoded and encoded by the records themselves where the protocol is exactly one of Thrift's
 // classes. A class derived from it is not recognised, so the same message then goes through the protocol's own calls.
-// Whatever comes in, the two roads must do the same.
+// Whatever comes in, both must do the same.
 namespace qel::api {
 namespace {
 
@@ -56,7 +57,6 @@ public:
         mBytes.append(reinterpret_cast<const char*>(bytes), size);
     }
     const std::string& bytes() const { return mBytes; }
-    std::size_t left() const { return mBytes.size() - mNext; }
 
 private:
     std::string mBytes;
@@ -116,7 +116,7 @@ Outcome<Record> readOutcome(const std::string& bytes, std::int32_t textLimit, st
     auto buffer = std::make_shared<CountingBuffer>(static_cast<std::uint32_t>(bytes.size() + 1), configuration);
     buffer->write(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::uint32_t>(bytes.size()));
     auto protocol = [&] {
-        if constexpr (std::is_constructible_v<Protocol, std::shared_ptr<TTransport>, int, int, bool, bool>) {
+        if constexpr (std::is_constructible_v<Protocol, decltype(buffer), int, int, bool, bool>) {
             return Protocol(buffer, textLimit, containerLimit, false, true);
         } else {
             return Protocol(buffer, textLimit, containerLimit);
@@ -168,75 +168,31 @@ void expectSame(const std::string& bytes, std::int32_t textLimit = 0, std::int32
 }
 
 template <class Protocol>
-class Roads : public ::testing::Test {};
+class Wires : public ::testing::Test {};
 using KnownProtocols = ::testing::Types<TBinaryProtocol, TLEBinaryProtocol, TCompactProtocol>;
-TYPED_TEST_SUITE(Roads, KnownProtocols);
+TYPED_TEST_SUITE(Wires, KnownProtocols);
 
-TYPED_TEST(Roads, WriteTheSame) {
+TYPED_TEST(Wires, WriteAndReadTheSame) {
     AllRecords::forEach([]<class Record>() {
         RandomRecords random(101);
         random.allowNaN();
         for (int i = 0; i < 50; ++i) {
             const auto record = random.make<Record>();
-            ASSERT_EQ(toHex(written<TypeParam>(record)), toHex(written<Unknown<TypeParam>>(record)));
-        }
-    });
-}
-
-TYPED_TEST(Roads, ReadTheSame) {
-    AllRecords::forEach([]<class Record>() {
-        RandomRecords random(103);
-        random.allowNaN();
-        for (int i = 0; i < 50; ++i) {
-            expectSame<TypeParam, Record>(written<TypeParam>(random.make<Record>()));
-        }
-    });
-}
-
-TYPED_TEST(Roads, ReadTheSameOfAMessageCutAtAnyByte) {
-    AllRecords::forEach([]<class Record>() {
-        RandomRecords random(107);
-        std::string bytes = written<TypeParam>(random.make<Record>());
-        while (bytes.size() > 3000) {
-            bytes = written<TypeParam>(random.make<Record>());
-        }
-        for (std::size_t size = 0; size <= bytes.size(); ++size) {
-            expectSame<TypeParam, Record>(bytes.substr(0, size));
-        }
-    });
-}
-
-TYPED_TEST(Roads, ReadTheSameOfAMessageWithChangedBytes) {
-    AllRecords::forEach([]<class Record>() {
-        RandomRecords random(109);
-        for (int i = 0; i < 400; ++i) {
-            std::string bytes = written<TypeParam>(random.make<Record>());
-            for (std::size_t change = 1 + random.below(3); change > 0 && !bytes.empty(); --change) {
-                // Mostly near the start, where the headers are.
-                const std::size_t place = random.below(2) == 0 ? random.below(bytes.size())
-                                                               : random.below(std::min<std::size_t>(bytes.size(), 30));
-                bytes[place] = static_cast<char>(random.below(256));
-            }
+            const std::string bytes = written<TypeParam>(record);
+            ASSERT_EQ(toHex(bytes), toHex(written<Unknown<TypeParam>>(record)));
             expectSame<TypeParam, Record>(bytes);
         }
     });
 }
 
-TYPED_TEST(Roads, ReadTheSameOfRandomBytes) {
+TYPED_TEST(Wires, ReadTheSameOfBrokenMessages) {
     AllRecords::forEach([]<class Record>() {
-        RandomRecords random(113);
-        for (int i = 0; i < 1000; ++i) {
-            std::string bytes(random.below(60), '\0');
-            for (char& c : bytes) {
-                // Bytes that mean something in one of the protocols are small, or have one small half.
-                c = static_cast<char>(random.below(2) == 0 ? random.below(17) : random.below(256));
-            }
-            expectSame<TypeParam, Record>(bytes);
-        }
+        forEachBrokenMessage<TypeParam, Record>(
+            107, [](const std::string& bytes, bool) { expectSame<TypeParam, Record>(bytes); });
     });
 }
 
-TYPED_TEST(Roads, KeepTheLimitsOfTheProtocol) {
+TYPED_TEST(Wires, KeepTheLimitsOfTheProtocol) {
     RandomRecords random(127);
     for (int i = 0; i < 300; ++i) {
         const std::string bytes = written<TypeParam>(random.make<camera::PlanarCameraStateResult>());
@@ -245,8 +201,9 @@ TYPED_TEST(Roads, KeepTheLimitsOfTheProtocol) {
     }
 }
 
-/// Transports that hold a part of the message, of any size, or none.
-TYPED_TEST(Roads, ReadFromAnyTransport) {
+/// Transports that hold a part of the message, of any size, or none, and one that moves its bytes when it is asked for
+/// more than it has. A record takes no byte behind its own, or it would wait for one at the end of a stream.
+TYPED_TEST(Wires, ReadFromAnyTransport) {
     RandomRecords random(131);
     for (int i = 0; i < 60; ++i) {
         const auto first = random.make<camera::PlanarCameraStateResult>();
@@ -269,6 +226,7 @@ TYPED_TEST(Roads, ReadFromAnyTransport) {
             readBoth(std::make_shared<TBufferedTransport>(std::make_shared<Dribble>(bytes), size));
         }
         readBoth(std::make_shared<Dribble>(bytes));
+        readBoth(std::make_shared<Restless>(bytes));
 
         auto framed = std::make_shared<TMemoryBuffer>();
         TFramedTransport frames(framed);
@@ -282,20 +240,7 @@ TYPED_TEST(Roads, ReadFromAnyTransport) {
     }
 }
 
-/// A record must not wait for bytes behind its own.
-TYPED_TEST(Roads, TakeNoByteTooMany) {
-    RandomRecords random(137);
-    for (int i = 0; i < 50; ++i) {
-        const std::string bytes = written<TypeParam>(random.make<camera::ViewStateResult>());
-        auto dribble = std::make_shared<Dribble>(bytes + "xyz");
-        TypeParam protocol(dribble);
-        camera::ViewStateResult read;
-        EXPECT_EQ(read.read(&protocol), bytes.size());
-        EXPECT_EQ(dribble->left(), 3U);
-    }
-}
-
-TYPED_TEST(Roads, WriteToAnyTransport) {
+TYPED_TEST(Wires, WriteToAnyTransport) {
     RandomRecords random(139);
     for (int i = 0; i < 50; ++i) {
         const auto record = random.make<camera::PlanarCameraStateResult>();
@@ -314,21 +259,6 @@ TYPED_TEST(Roads, WriteToAnyTransport) {
     }
 }
 
-/// A transport may move its bytes when it is asked for more of them than it has.
-TYPED_TEST(Roads, ReadFromATransportThatMovesItsBytes) {
-    AllRecords::forEach([]<class Record>() {
-        RandomRecords random(157);
-        for (int i = 0; i < 20; ++i) {
-            const auto record = random.make<Record>();
-            const std::string bytes = written<TypeParam>(record);
-            TypeParam protocol(std::make_shared<Restless>(bytes));
-            Record read;
-            ASSERT_EQ(read.read(&protocol), bytes.size());
-            ASSERT_TRUE(read == record);
-        }
-    });
-}
-
 /// A transport that takes so many bytes and then fails.
 class Full : public TVirtualTransport<Full> {
 public:
@@ -345,7 +275,7 @@ private:
     std::size_t mRoom;
 };
 
-TYPED_TEST(Roads, ATransportsFailurePassesThrough) {
+TYPED_TEST(Wires, ATransportsFailurePassesThrough) {
     RandomRecords random(149);
     const auto record = random.make<camera::PlanarCameraStateResult>();
     const std::size_t size = written<TypeParam>(record).size();
@@ -360,7 +290,7 @@ TYPED_TEST(Roads, ATransportsFailurePassesThrough) {
 }
 
 /// What is written before the depth limit stops the writing is the same too.
-TYPED_TEST(Roads, WriteTheSameUpToTheDepthLimit) {
+TYPED_TEST(Wires, WriteTheSameUpToTheDepthLimit) {
     const auto writtenUpTo = []<class Protocol>(std::uint32_t limit) {
         auto buffer = std::make_shared<TMemoryBuffer>();
         Protocol protocol(buffer);
@@ -384,17 +314,13 @@ using TypedProtocols =
 TYPED_TEST_SUITE(TypedTransports, TypedProtocols);
 
 TYPED_TEST(TypedTransports, ReadAndWriteTheSame) {
-    AllRecords::forEach([]<class Record>() {
-        RandomRecords random(151);
-        for (int i = 0; i < 20; ++i) {
-            const auto record = random.make<Record>();
-            const std::string bytes = written<TypeParam>(record);
-            ASSERT_EQ(toHex(bytes), toHex(written<Unknown<TypeParam>>(record)));
-            Record read;
-            ASSERT_EQ(readFrom<TypeParam>(bytes, read), bytes.size());
-            ASSERT_TRUE(read == record);
-        }
-    });
+    RandomRecords random(151);
+    for (int i = 0; i < 20; ++i) {
+        const auto record = random.make<camera::PlanarCameraStateResult>();
+        const std::string bytes = written<TypeParam>(record);
+        ASSERT_EQ(toHex(bytes), toHex(written<Unknown<TypeParam>>(record)));
+        expectSame<TypeParam, camera::PlanarCameraStateResult>(bytes);
+    }
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include <qel/api/camera/Fields.h>
 #include <qel/api/camera/Operations.h>
@@ -19,41 +18,28 @@
 namespace qel::api {
 namespace {
 
+/// The type as camera.thrift would write it.
 template <class Value>
-struct TypeName {
-    static std::string get() {
+std::string typeName() {
+    if constexpr (std::is_same_v<Value, std::int32_t>) {
+        return "i32";
+    } else if constexpr (std::is_same_v<Value, std::string>) {
+        return "string";
+    } else if constexpr (requires { typename Value::value_type; }) {
+        return "list<" + typeName<typename Value::value_type>() + ">";
+    } else {
         const bool isBase = std::is_same_v<Value, base::ServiceResult> || std::is_same_v<Value, base::StringResult>;
-        return std::string(isBase ? "base." : "") + FieldTable<Value>::recordName;
+        return (isBase ? "base." : "") + std::string(camera::typeName<Value>());
     }
-};
-template <>
-struct TypeName<double> {
-    static std::string get() { return "double"; }
-};
-template <>
-struct TypeName<std::int32_t> {
-    static std::string get() { return "i32"; }
-};
-template <>
-struct TypeName<std::string> {
-    static std::string get() { return "string"; }
-};
-template <>
-struct TypeName<camera::ProjectionType::type> {
-    static std::string get() { return "ProjectionType"; }
-};
-template <class Element>
-struct TypeName<std::vector<Element>> {
-    static std::string get() { return "list<" + TypeName<Element>::get() + ">"; }
-};
+}
 
 template <class Record>
 void describeRecord() {
-    std::cout << "record " << TypeName<Record>::get() << '\n';
+    std::cout << "record " << typeName<Record>() << '\n';
     forEachField<Record>([](const auto& field) {
         using Value = typename std::remove_cvref_t<decltype(field)>::Value;
         std::cout << "  field " << field.id << ' ' << field.name << ' '
-                  << (field.form == Form::binary ? "binary" : TypeName<Value>::get())
+                  << (field.form == Form::binary ? "binary" : typeName<Value>())
                   << (field.form == Form::optional ? " optional" : "") << '\n';
     });
 }
@@ -61,10 +47,10 @@ void describeRecord() {
 template <class Result, class... Arguments, std::size_t count>
 void describeOperation(std::string_view service, std::string_view name,
                        const std::array<std::string_view, count>& argumentNames) {
-    std::cout << "operation " << service << ' ' << name << ' ' << TypeName<Result>::get() << '\n';
+    std::cout << "operation " << service << ' ' << name << ' ' << typeName<Result>() << '\n';
     std::size_t i = 0;
     ((std::cout << "  argument " << i + 1 << ' ' << argumentNames[i] << ' '
-                << TypeName<std::remove_cvref_t<Arguments>>::get() << '\n',
+                << typeName<std::remove_cvref_t<Arguments>>() << '\n',
       ++i),
      ...);
 }

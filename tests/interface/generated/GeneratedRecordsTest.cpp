@@ -162,52 +162,6 @@ TEST(GeneratedRecords, PrintTheSameText) {
     });
 }
 
-TEST(GeneratedRecords, AgreeOnEquality) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
-        RandomRecords first(317);
-        RandomRecords second(317);
-        int equal = 0;
-        for (int i = 0; i < rounds; ++i) {
-            const auto ours = first.make<Ours>();
-            const auto theirs = second.make<Theirs>();
-            // The same with one field changed, or only its flag, or nothing.
-            auto ourOther = ours;
-            auto theirOther = theirs;
-            const std::size_t place = first.below(std::tuple_size_v<decltype(FieldTable<Ours>::fields)>);
-            const std::size_t what = first.below(3);
-            second.below(std::tuple_size_v<decltype(FieldTable<Theirs>::fields)>);
-            second.below(3);
-            const auto changeIn = [&](RandomRecords& random, auto& record) {
-                std::size_t index = 0;
-                forEachField<std::remove_reference_t<decltype(record)>>([&](const auto& field) {
-                    if (index++ == place && what == 0) {
-                        random.fill(record.*field.member);
-                    } else if (index == place + 1 && what == 1) {
-                        field.markSet(record, !field.isSet(record));
-                    }
-                });
-            };
-            changeIn(first, ourOther);
-            changeIn(second, theirOther);
-            ASSERT_TRUE(alike(ourOther, theirOther));
-            ASSERT_EQ(ours == ourOther, theirs == theirOther);
-            ASSERT_EQ(ours != ourOther, theirs != theirOther);
-            equal += ours == ourOther ? 1 : 0;
-        }
-        EXPECT_GT(equal, 0);
-        EXPECT_LT(equal, rounds);
-    });
-}
-
-TEST(GeneratedRecords, StartAlike) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
-        const Ours ours;
-        const Theirs theirs;
-        EXPECT_TRUE(alike(ours, theirs)) << text(theirs);
-        EXPECT_EQ(text(ours), text(theirs));
-    });
-}
-
 /// The names of structs and fields, which Binary and Compact do not carry, and which call writes what.
 TEST(GeneratedRecords, MakeTheSameCalls) {
     AllPairs::forEach([]<class Ours, class Theirs>() {
@@ -222,19 +176,6 @@ TEST(GeneratedRecords, MakeTheSameCalls) {
             ASSERT_EQ(ourCount, theirCount);
         }
     });
-}
-
-/// The generated setters raise the flags of optional fields only, ours every field's; what is written is the same.
-TEST(GeneratedRecords, SetAlike) {
-    base::ServiceResult ours;
-    theirs::base::ServiceResult theirs;
-    ours.__set_mMessage("m");
-    theirs.__set_mMessage("m");
-    EXPECT_TRUE(alike(ours, theirs));
-    ours.__set_mError(4);
-    theirs.__set_mError(4);
-    EXPECT_EQ(text(ours), text(theirs));
-    EXPECT_EQ(toHex(written<TBinaryProtocol>(ours)), toHex(written<TBinaryProtocol>(theirs)));
 }
 
 // The services compile, one derived from the other.
