@@ -98,8 +98,8 @@ TEST(ZoomWithWorldAnchor, SnapsThePointToAWholePixel) {
 
 TEST(ZoomWithWorldAnchor, GoesThroughTheWholeViewTransform) {
     // Up is x, right is -y, and the eye stands at (10, 20, 0).
-    const PlanarCamera turned({{10, 20, 0}, {10, 20, -1}, {1, 0, 0}}, pixelCamera().projection(),
-                              pixelCamera().surface());
+    const PlanarCamera turned =
+        cameraOf({{10, 20, 0}, {10, 20, -1}, {1, 0, 0}}, pixelCamera().projection(), pixelCamera().surface());
     PlanarCamera expected = turned;
     expected.zoomWithAnchor(ScreenPoint{100, 200, 0.5}, 0.5);
     PlanarCamera camera = turned;
@@ -116,7 +116,8 @@ TEST(ZoomWithWorldAnchor, InThePlaneOfTheEyeChangesNothing) {
 
 // The depth overflows, and with it the pixel, though the point is straight ahead.
 TEST(ZoomWithWorldAnchor, NextToNothingAheadOfTheEyeChangesNothing) {
-    const PlanarCamera before(impl::View(), projectionOf({-1, 1, -1, 1, 1, 3}, false), surfaceOf({}, 512, 512));
+    const PlanarCamera before =
+        cameraOf(impl::View(), projectionOf({-1, 1, -1, 1, 1, 3}, false), surfaceOf({}, 512, 512));
     PlanarCamera camera = before;
     camera.zoomWithAnchor(Vec3{0, 0, -1e-308}, 0.5);
     EXPECT_TRUE(same(camera, before));
@@ -204,7 +205,8 @@ TEST(Pan, AtADepthOfNaNLosesTheEye) {
 // The view ignores a translation of at most 1e-7: pixels that small are not panned over one by one.
 TEST(Pan, OverLessThanTheToleranceChangesNothing) {
     // A pixel is 500e-7 / 512: one is below the tolerance, two are above.
-    const PlanarCamera before(impl::View(), projectionOf({0, 500e-7, 0, 500e-7, 1, 3}, true), surfaceOf({}, 512, 512));
+    const PlanarCamera before =
+        cameraOf(impl::View(), projectionOf({0, 500e-7, 0, 500e-7, 1, 3}, true), surfaceOf({}, 512, 512));
     PlanarCamera camera = before;
     camera.panWithAnchor({100, 200, 0.5}, 0, 1);
     EXPECT_TRUE(same(camera, before));

@@ -83,9 +83,9 @@ TEST(FitProperties, TheFrontFaceOfAViewBoxTouchesTheFrustumInBothTypes) {
         PlanarCamera camera = random.camera;
         camera.fitViewSpaceBoundingBox({low, high});
         // The box was given in the view as it was before.
-        const Seen corner = seen(camera, viewPointToWorld(random.camera.view(), high));
+        const Seen corner = seen(camera, viewPointToWorld(random.camera, high));
         EXPECT_NEAR(std::max(corner.deviceX, corner.deviceY), 1.0, rounding);
-        const Seen opposite = seen(camera, viewPointToWorld(random.camera.view(), {low.x, low.y, high.z}));
+        const Seen opposite = seen(camera, viewPointToWorld(random.camera, {low.x, low.y, high.z}));
         EXPECT_NEAR(std::min(opposite.deviceX, opposite.deviceY), -1.0, rounding);
     });
 }
@@ -135,10 +135,10 @@ TEST(FitProperties, AlongWithTheSizeOfTheWorldEverythingGrows) {
     Random numbers(27000);
     for (int n = 0; n < 50; ++n) {
         const Box box = randomBox(numbers, 1.0);
-        PlanarCamera small({{0, 0, 5}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, n % 2 == 0),
-                           impl::Surface());
-        PlanarCamera large({{0, 0, 5 * 1024.0}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, n % 2 == 0),
-                           impl::Surface());
+        PlanarCamera small = cameraOf({{0, 0, 5}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, n % 2 == 0),
+                                      impl::Surface());
+        PlanarCamera large = cameraOf({{0, 0, 5 * 1024.0}, {0, 0, 0}, {0, 1, 0}},
+                                      projectionOf({-1, 1, -1, 1, 1, 9}, n % 2 == 0), impl::Surface());
         small.fitWorldSpaceBoundingBox(box);
         large.fitWorldSpaceBoundingBox({box.first * 1024.0, box.second * 1024.0});
         EXPECT_EQ(large.view().eye(), small.view().eye() * 1024.0);

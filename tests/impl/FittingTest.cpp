@@ -18,7 +18,7 @@ constexpr bool bothTypes[] = {false, true};
 
 /// Stands at the origin and looks along -z, so that world and view coordinates agree.
 PlanarCamera atOrigin(double aspect, bool orthographic) {
-    return {impl::View(), projectionOf({-aspect, aspect, -1, 1, 1, 100}, orthographic), impl::Surface()};
+    return cameraOf(impl::View(), projectionOf({-aspect, aspect, -1, 1, 1, 100}, orthographic), impl::Surface());
 }
 
 const double root2 = std::sqrt(2.0);
@@ -86,7 +86,7 @@ TEST(Fit, InAPortraitWindowFillsItsWidth) {
 }
 
 TEST(Fit, CentresAnOffCentreFrustumAndKeepsItsAspectRatio) {
-    PlanarCamera camera(impl::View(), projectionOf({1, 5, 2, 4, 1, 100}, true), impl::Surface());
+    PlanarCamera camera = cameraOf(impl::View(), projectionOf({1, 5, 2, 4, 1, 100}, true), impl::Surface());
     camera.fitViewSpaceBoundingBox(square);
     EXPECT_EQ(camera.projection().frustum().left, -2.0);
     EXPECT_EQ(camera.projection().frustum().right, 2.0);
@@ -103,8 +103,8 @@ TEST(Fit, KeepsRotationAndSurface) {
 
 TEST(Fit, OfAWorldBoxTakesItsExtentsInTheView) {
     // From +x with z up: the world's y is to the right, z up, and x towards the eye.
-    PlanarCamera camera({{50, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf({-1, 1, -1, 1, 1, 100}, true),
-                        impl::Surface());
+    PlanarCamera camera =
+        cameraOf({{50, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf({-1, 1, -1, 1, 1, 100}, true), impl::Surface());
     camera.fitWorldSpaceBoundingBox({{-1, -2, -3}, {1, 2, 3}});
     EXPECT_EQ(camera.projection().frustum().top, 3.0);
     const double distance = std::sqrt(52.0) / 2.0 * cotangent;

@@ -33,9 +33,9 @@ TEST(PlanarCamera, IsMadeOfDefaultsAtFirst) {
 
 TEST(PlanarCamera, TakesItsPartsAsTheyAre) {
     const View view = withKinds(someView(), {1, 2, 48});
-    const Projection projection(math::Mat4{}, math::Mat4{}, 7, {1, 2, 3, 4, 5, 6});
-    const Surface surface({9, 9, 9, 9, 9, 9}, math::Mat4{}, math::Mat4{}, 0, 0);
-    const PlanarCamera camera(view, projection, surface);
+    const Projection projection = forgedProjection(7, {1, 2, 3, 4, 5, 6});
+    const Surface surface = forgedSurface(0, 0);
+    const PlanarCamera camera = cameraOf(view, projection, surface);
     EXPECT_TRUE(same(camera.view(), view));
     EXPECT_TRUE(same(camera.projection(), projection));
     EXPECT_TRUE(same(camera.surface(), surface));
@@ -43,20 +43,20 @@ TEST(PlanarCamera, TakesItsPartsAsTheyAre) {
 
 TEST(PlanarCamera, SetViewReplacesTheViewAlone) {
     PlanarCamera camera = someCamera(false);
-    camera.setView(View());
-    EXPECT_TRUE(same(camera, PlanarCamera(View(), someCamera(false).projection(), someCamera(false).surface())));
+    camera.setView(blobOf(View()));
+    EXPECT_TRUE(same(camera, cameraOf(View(), someCamera(false).projection(), someCamera(false).surface())));
 }
 
 TEST(PlanarCamera, SetProjectionReplacesTheProjectionAlone) {
     PlanarCamera camera = someCamera(false);
-    camera.setProjection(Projection());
-    EXPECT_TRUE(same(camera, PlanarCamera(someCamera(false).view(), Projection(), someCamera(false).surface())));
+    camera.setProjection(blobOf(Projection()));
+    EXPECT_TRUE(same(camera, cameraOf(someCamera(false).view(), Projection(), someCamera(false).surface())));
 }
 
 TEST(PlanarCamera, SetSurfaceReplacesTheSurfaceAlone) {
     PlanarCamera camera = someCamera(false);
-    camera.setSurface(Surface());
-    EXPECT_TRUE(same(camera, PlanarCamera(someCamera(false).view(), someCamera(false).projection(), Surface())));
+    camera.setSurface(blobOf(Surface()));
+    EXPECT_TRUE(same(camera, cameraOf(someCamera(false).view(), someCamera(false).projection(), Surface())));
 }
 
 TEST(PlanarCamera, TurnsItsViewInPlace) {
@@ -102,7 +102,7 @@ TEST(CameraWords, AreTouchedByNoOperation) {
     PlanarCamera camera = someCamera(false);
     camera.setFirstWord(3);
     camera.setSecondWord(4);
-    camera.setView(View());
+    camera.setView(blobOf(View()));
     camera.updateWindowSize(10, 20);
     camera.fitWorldSpaceBoundingBox({{0, 0, 0}, {1, 2, 3}});
     camera.arcballRotation({0, 0, 0}, {1, 2}, {3, 4});

@@ -57,19 +57,19 @@ TEST(FieldOfView, OfAnOrthographicProjectionIsZero) {
 }
 
 TEST(FieldOfView, OfAForgedTypeIsThatOfAPerspective) {
-    const Projection projection(Mat4{}, Mat4{}, 7, {-1, 0, -1, 1, 1, 3});
+    const Projection projection = forgedProjection(7, {-1, 0, -1, 1, 1, 3});
     EXPECT_NEAR(projection.horizontalFoV(), pi / 4.0, 4 * epsilon);
 }
 
 TEST(FieldOfView, LeavesAZeroDirectionAsItIs) {
     // The direction (0, 0) stays, and the arc cosine of 0 is a right angle.
-    const Projection projection(Mat4{}, Mat4{}, 0, {0, 1, 0, 0, 0, 0});
+    const Projection projection = forgedProjection(0, {0, 1, 0, 0, 0, 0});
     EXPECT_EQ(projection.horizontalFoV(), std::acos(0.0));
     EXPECT_EQ(projection.verticalFoV(), std::acos(0.0));
 }
 
 TEST(FieldOfView, OfNaNIsNaN) {
-    const Projection projection(Mat4{}, Mat4{}, 0, {nan, 1, -1, 1, 1, 2});
+    const Projection projection = forgedProjection(0, {nan, 1, -1, 1, 1, 2});
     EXPECT_TRUE(std::isnan(projection.horizontalFoV()));
     EXPECT_FALSE(std::isnan(projection.verticalFoV()));
 }
@@ -80,8 +80,8 @@ TEST(AspectRatio, IsWidthOverHeightForBothTypes) {
 }
 
 TEST(AspectRatio, OfAFrustumOfNoHeightIsNotGuarded) {
-    EXPECT_EQ(Projection(Mat4{}, Mat4{}, 0, {-1, 1, 2, 2, 1, 2}).aspectRatio(), infinity);
-    EXPECT_TRUE(std::isnan(Projection(Mat4{}, Mat4{}, 0, {}).aspectRatio()));
+    EXPECT_EQ(forgedProjection(0, {-1, 1, 2, 2, 1, 2}).aspectRatio(), infinity);
+    EXPECT_TRUE(std::isnan(forgedProjection(0, {}).aspectRatio()));
 }
 
 TEST(SetHorizontalFoV, KeepsCentreDirectionVerticalCentreAndAspectRatio) {

@@ -219,14 +219,14 @@ TEST(SetProjectionMatrix, DerivesTheSameFrustumEachTime) {
 TEST(SetProjectionMatrix, TakesEachSideFromItsOwnPoint) {
     // Diagonal 2, 3, 5, moved by 10, 20, 30: x is 2x + 10, y is 3y + 20, z is 5z + 30.
     const Mat4 inverse = rows4({{{2, 0, 0, 10}, {0, 3, 0, 20}, {0, 0, 5, 30}, {0, 0, 0, 1}}});
-    Projection projection(Mat4{}, inverse, 0, offCentre);
+    auto projection = forged<Projection>(Mat4{}, inverse, Projection::Block::Type{}, offCentre);
     projection.setProjectionMatrix(Mat4{}, false);
     EXPECT_EQ(projection.frustum(), (Frustum{8, 12, 17, 23, 25, 35}));
 }
 
 TEST(SetProjectionMatrix, DoesNotDivideByATraceOfW) {
     const Mat4 inverse = rows4({{{2, 0, 0, 10}, {0, 3, 0, 20}, {0, 0, 5, 30}, {0, 0, 0, 1e-4}}});
-    Projection projection(Mat4{}, inverse, 0, offCentre);
+    auto projection = forged<Projection>(Mat4{}, inverse, Projection::Block::Type{}, offCentre);
     projection.setProjectionMatrix(Mat4{}, false);
     EXPECT_EQ(projection.frustum(), (Frustum{8, 12, 17, 23, 25, 35}));
 }

@@ -53,7 +53,7 @@ TEST(Projection, HasTheMatricesOfItsFrustumAtFirst) {
 TEST(Projection, CopiesEveryPart) {
     Mat4 inverse;
     inverse(1, 2) = 7.0;
-    const Projection projection(math::makeOrtho(valid), inverse, 7, valid);
+    const auto projection = forged<Projection>(math::makeOrtho(valid), inverse, Projection::Block::Type{7}, valid);
     const Projection copy = projection;
     EXPECT_TRUE(same(copy, projection));
     Projection assigned;
@@ -63,7 +63,7 @@ TEST(Projection, CopiesEveryPart) {
 
 TEST(Projection, TakesAnyTypeAsGivenAndOnlyOneIsOrthographic) {
     for (const std::int32_t type : {0, 1, 2, 7, -1}) {
-        const Projection projection(Mat4{}, Mat4{}, type, valid);
+        const Projection projection = forgedProjection(type, valid);
         EXPECT_EQ(projection.type(), type);
         EXPECT_EQ(projection.isOrthographic(), type == 1);
     }
@@ -208,7 +208,7 @@ TEST(Projection, SetFrustumTakesNaNForAnySide) {
 }
 
 TEST(Projection, SetFrustumSettlesAForgedType) {
-    Projection projection(Mat4{}, Mat4{}, 7, valid);
+    Projection projection = forgedProjection(7, valid);
     projection.setFrustum(valid, false);
     EXPECT_EQ(projection.type(), 0);
 }

@@ -15,10 +15,10 @@ using math::Mat4;
 using math::Vec3;
 
 /// Perspective from the origin, near 1 and far 3, one to one at the near plane.
-PlanarCamera unitPerspective() { return {View(), projectionOf({-1, 1, -1, 1, 1, 3}, false), Surface()}; }
+PlanarCamera unitPerspective() { return cameraOf(View(), projectionOf({-1, 1, -1, 1, 1, 3}, false), Surface()); }
 
 TEST(ScreenToView, IsThePlainProductInOrthographic) {
-    const PlanarCamera camera(View(), projectionOf({-1, 3, -2, 6, 2, 10}, true), Surface());
+    const PlanarCamera camera = cameraOf(View(), projectionOf({-1, 3, -2, 6, 2, 10}, true), Surface());
     EXPECT_EQ(screenToView(camera, {320, 240, 0.5}), (Vec3{1, 2, -6}));
     EXPECT_EQ(screenToView(camera, {0, 0, 0.0}), (Vec3{-1, -2, -2}));
     EXPECT_EQ(screenToView(camera, {640, 480, 1.0}), (Vec3{3, 6, -10}));
@@ -43,10 +43,14 @@ TEST(ScreenToView, TakesDepthsOutOfRange) {
 
 TEST(ScreenToView, ReadsTheViewportFromTheMatrix) {
     // The right half of 640 by 480: its centre is at 480, and 640 is its right edge.
-    const PlanarCamera camera(View(), projectionOf({-1, 3, -2, 6, 2, 10}, true),
-                              surfaceOf({0.5, 0, 0.5, 1, 0, 1}, 640, 480));
+    const PlanarCamera camera =
+        cameraOf(View(), projectionOf({-1, 3, -2, 6, 2, 10}, true), surfaceOf({0.5, 0, 0.5, 1, 0, 1}, 640, 480));
     EXPECT_EQ(screenToView(camera, {480, 240, 0.5}), (Vec3{1, 2, -6}));
     EXPECT_EQ(screenToView(camera, {640, 480, 1.0}), (Vec3{3, 6, -10}));
+}
+
+Vec3 screenToWorld(const PlanarCamera& camera, const ScreenPoint& point) {
+    return viewPointToWorld(camera, screenToView(camera, point));
 }
 
 /// Through normalised device coordinates by hand and the eliminated inverse of the projection.
@@ -87,15 +91,17 @@ TEST(ScreenToView, DoesNotGuardAMatrixWithoutPerspective) {
     // The matrix given has no w, so 0 / 0 stands for infinity's depth.
     Projection projection;
     projection.setProjectionMatrix(rows4({{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 1}}}), false);
-    EXPECT_TRUE(isNaN(screenToView({View(), projection, Surface()}, {0, 0, 0.5})));
+    EXPECT_TRUE(isNaN(screenToView(cameraOf(View(), projection, Surface()), {0, 0, 0.5})));
 }
 
 TEST(ScreenToView, OfADepthOfNaNIsNaN) { EXPECT_TRUE(isNaN(screenToView(unitPerspective(), {0, 0, nan}))); }
 
 TEST(ScreenToView, CountsAForgedTypeAsPerspective) {
     const math::Frustum frustum{-1, 1, -1, 1, 1, 3};
-    const Projection forged(math::makeFrustum(frustum), math::makeFrustumInverse(frustum), 7, frustum);
-    EXPECT_EQ(screenToView({View(), forged, Surface()}, {10, 20, 0.3}), screenToView(unitPerspective(), {10, 20, 0.3}));
+    const auto forgedPerspective = forged<Projection>(math::makeFrustum(frustum), math::makeFrustumInverse(frustum),
+                                                      Projection::Block::Type{7}, frustum);
+    EXPECT_EQ(screenToView(cameraOf(View(), forgedPerspective, Surface()), {10, 20, 0.3}),
+              screenToView(unitPerspective(), {10, 20, 0.3}));
 }
 
 TEST(ViewToScreen, RoundsHalvesAwayFromZero) {
@@ -127,7 +133,7 @@ TEST(ViewToScreen, DoesNotDivideInOrthographic) {
     // A w of 2 made by the last row would halve everything.
     Projection projection;
     projection.setProjectionMatrix(rows4({{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 2}}}), true);
-    EXPECT_EQ(viewToScreen({View(), projection, surfaceOf({}, 512, 512)}, {0.5, 0, 0}).x, 0.5 * 256 + 2 * 256);
+    EXPECT_EQ(viewToScreen(cameraOf(View(), projection, surfaceOf({}, 512, 512)), {0.5, 0, 0}).x, 0.5 * 256 + 2 * 256);
 }
 
 TEST(ViewToScreen, PassesHugeValuesOn) {
@@ -168,21 +174,22 @@ TEST(WorldToScreen, GoesThroughTheViewMatrix) {
 View contradicting() {
     Mat4 matrix;
     setTranslation(matrix, {100, 200, 300});
-    return {matrix, matrix, rows3({{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}), {1, 2, 3}};
+    return forged<View>(matrix, matrix, rows3({{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}), Vec3{1, 2, 3});
 }
 
 TEST(ViewToWorld, TakesRotationAndEyeNotAMatrix) {
-    EXPECT_EQ(viewPointToWorld(contradicting(), {10, 20, 30}), (Vec3{-19, 12, 33}));
-    EXPECT_EQ(viewVectorToWorld(contradicting(), {10, 20, 30}), (Vec3{-20, 10, 30}));
+    const PlanarCamera camera = cameraOf(contradicting(), Projection(), Surface());
+    EXPECT_EQ(viewPointToWorld(camera, {10, 20, 30}), (Vec3{-19, 12, 33}));
+    EXPECT_EQ(viewVectorToWorld(camera, {10, 20, 30}), (Vec3{-20, 10, 30}));
 }
 
 TEST(WorldToView, TakesTheMatrixNotRotationAndEye) {
-    const PlanarCamera camera(contradicting(), pixelCamera().projection(), pixelCamera().surface());
+    const PlanarCamera camera = cameraOf(contradicting(), pixelCamera().projection(), pixelCamera().surface());
     EXPECT_EQ(worldToScreen(camera, {10, 20, 30}), viewToScreen(camera, {110, 220, 330}));
 }
 
 TEST(ScreenToWorld, TakesRotationAndEye) {
-    const PlanarCamera camera(contradicting(), pixelCamera().projection(), pixelCamera().surface());
+    const PlanarCamera camera = cameraOf(contradicting(), pixelCamera().projection(), pixelCamera().surface());
     EXPECT_EQ(screenToWorld(camera, {10, 20, 0.0}), (Vec3{-19, 12, 2})); // view (10, 20, -1)
 }
 
@@ -196,8 +203,8 @@ TEST(ScreenVector, OfOnePointIsZero) {
 }
 
 TEST(ScreenVector, IsTurnedIntoTheWorldAndNotMoved) {
-    const PlanarCamera camera(contradicting(), pixelCamera().projection(), pixelCamera().surface());
-    EXPECT_EQ(screenVectorToWorld(camera, {30, 50, 1.0}, {10, 20, 0.0}), (Vec3{-30, 20, -2}));
+    const PlanarCamera camera = cameraOf(contradicting(), pixelCamera().projection(), pixelCamera().surface());
+    EXPECT_EQ(viewVectorToWorld(camera, screenVectorToView(camera, {30, 50, 1.0}, {10, 20, 0.0})), (Vec3{-30, 20, -2}));
 }
 
 TEST(SpaceTransforms, LeaveTheCameraAlone) {

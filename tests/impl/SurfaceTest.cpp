@@ -32,7 +32,7 @@ TEST(Surface, CoversAll640By480PixelsAtFirst) {
 }
 
 TEST(Surface, CopiesEveryPart) {
-    const Surface surface(part, math::makeViewport(part, 3, 4), Mat4{}, 0, 7);
+    const auto surface = forged<Surface>(part, math::makeViewport(part, 3, 4), Mat4{}, 0U, 7U);
     const Surface copy = surface;
     EXPECT_TRUE(same(copy, surface));
     Surface assigned;
@@ -101,12 +101,13 @@ TEST(Surface, UpdateTakesEqualDepthsAndHasInfinitiesInTheInverse) {
 
 TEST(Surface, UpdateTakesNaNForAnyValue) {
     for (std::size_t i = 0; i < 6; ++i) {
-        std::array<double, 6> values = numbers(part);
+        std::array<double, 6> values{0.25, 0.25, 0.25, 0.5, 0.25, 0.75};
         values[i] = nan;
         Surface surface;
         surface.update({values[0], values[1], values[2], values[3], values[4], values[5]}, 800, 600);
         EXPECT_EQ(surface.resolutionX(), 800U) << i;
-        EXPECT_TRUE(std::isnan(numbers(surface.viewport())[i])) << i;
+        const auto& [x, y, w, h, depthMin, depthMax] = surface.viewport();
+        EXPECT_TRUE(std::isnan(std::array{x, y, w, h, depthMin, depthMax}[i])) << i;
     }
 }
 

@@ -73,13 +73,13 @@ TEST(SwitchProperties, AZoomInOrthographicIsKeptInPerspective) {
         PlanarCamera zoomedBefore = random.camera;
         impl::Projection projection = zoomedBefore.projection();
         projection.zoom(0.5);
-        zoomedBefore.setProjection(projection);
+        zoomedBefore.setProjection(blobOf(projection));
         zoomedBefore.switchProjectionType(box);
         PlanarCamera zoomedAfter = random.camera;
         zoomedAfter.switchProjectionType(box);
         projection = zoomedAfter.projection();
         projection.zoom(0.5);
-        zoomedAfter.setProjection(projection);
+        zoomedAfter.setProjection(blobOf(projection));
         const Frustum& frustum = zoomedAfter.projection().frustum();
         const double size =
             std::abs(frustum.left) + std::abs(frustum.right) + std::abs(frustum.bottom) + std::abs(frustum.top);

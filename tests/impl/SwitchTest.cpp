@@ -17,7 +17,7 @@ constexpr bool bothTypes[] = {false, true};
 const Frustum offCentre{-1, 3, -2, 6, 2, 10};
 
 PlanarCamera atOrigin(bool orthographic) {
-    return {impl::View(), projectionOf(offCentre, orthographic), impl::Surface()};
+    return cameraOf(impl::View(), projectionOf(offCentre, orthographic), impl::Surface());
 }
 
 /// Its centre at the given depth, positive ahead of the eye.
@@ -57,7 +57,7 @@ TEST(SwitchProjection, TwiceReturnsTheFrustum) {
 
 TEST(SwitchProjection, TakesTheMiddleOfTheViewBoxNotOfTheCorners) {
     // Seen from +x, the corners' x are the depths; the eye is at 10.
-    PlanarCamera camera({{10, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf(offCentre, false), impl::Surface());
+    PlanarCamera camera = cameraOf({{10, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf(offCentre, false), impl::Surface());
     camera.switchProjectionType({{1, 7, 9}, {3, 8, 8}});
     EXPECT_DOUBLE_EQ(camera.projection().frustum().right, 3.0 * 8.0 / 2.0);
 }
@@ -121,8 +121,8 @@ TEST(SwitchProjection, OfABoxOfNothingButNaNUsesTheStartingValues) {
 }
 
 TEST(SwitchProjection, SettlesAForgedType) {
-    const impl::Projection forged(math::makeFrustum(offCentre), math::makeFrustumInverse(offCentre), 7, offCentre);
-    PlanarCamera camera(impl::View(), forged, impl::Surface());
+    const impl::Projection forged = forgedProjection(7, offCentre);
+    PlanarCamera camera = cameraOf(impl::View(), forged, impl::Surface());
     camera.switchProjectionType(centredAt(8.0)); // counts as perspective
     EXPECT_EQ(camera.projection().type(), 1);
 }

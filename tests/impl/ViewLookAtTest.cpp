@@ -62,7 +62,7 @@ TEST(View, TakesPartsAsGivenThoughTheyContradict) {
     Mat4 viewMatrix;
     viewMatrix(1, 3) = 2.0;
     const Mat3 rotation = rows3({{{2, 0, 0}, {0, 2, 0}, {0, 0, 2}}});
-    const View view(viewTransformMatrix, viewMatrix, rotation, {7, 8, 9});
+    const View view = forged<View>(viewTransformMatrix, viewMatrix, rotation, Vec3{7, 8, 9});
     EXPECT_EQ(view.viewTransformMatrix(), viewTransformMatrix);
     EXPECT_EQ(view.viewMatrix(), viewMatrix);
     EXPECT_EQ(view.rotation(), rotation);

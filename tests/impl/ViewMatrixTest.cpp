@@ -149,7 +149,7 @@ TEST(ViewTransforms, TakeAVectorWithoutTheTranslation) {
 
 /// Both matrices given, so that their last rows can be anything.
 View withMatrices(const Mat4& viewTransformMatrix, const Mat4& viewMatrix) {
-    return {viewTransformMatrix, viewMatrix, Mat3{}, {}};
+    return forged<View>(viewTransformMatrix, viewMatrix, Mat3{}, Vec3{});
 }
 
 TEST(ViewTransforms, DivideAVectorByTheWThatTheLastRowMakes) {
@@ -184,7 +184,7 @@ TEST(ViewTransforms, DivideByAWOfNaN) {
 
 TEST(ViewTransforms, TakeTheMatrixNotRotationAndEye) {
     const Mat4 matrix = rows4({{{0, 1, 0, 10}, {1, 0, 0, 20}, {0, 0, 1, 30}, {0, 0, 0, 1}}});
-    const View view(matrix, Mat4{}, Mat3{}, {});
+    const View view = withMatrices(matrix, Mat4{});
     EXPECT_EQ(view.viewToWorldPoint({1, 2, 3}), (Vec3{12, 21, 33}));
     EXPECT_EQ(view.viewToWorldVector({1, 2, 3}), (Vec3{2, 1, 3}));
 }

@@ -30,7 +30,7 @@ TEST(View, SetEyeMovesBothMatrices) {
 TEST(View, SetEyeTakesTheRotationNotTheViewMatrix) {
     Mat3 rotation;
     rotation(0, 0) = 2.0;
-    View view(Mat4{}, Mat4{}, rotation, {});
+    View view = forged<View>(Mat4{}, Mat4{}, rotation, Vec3{});
     view.setEye({1, 1, 1});
     EXPECT_EQ(translation(view.viewMatrix()), (Vec3{-2, -1, -1}));
 }
@@ -190,7 +190,7 @@ TEST(View, SetOrientationKeepsWhatStandsInTheLastRows) {
     Mat4 matrix;
     matrix(3, 0) = 7.0;
     matrix(3, 3) = 8.0;
-    View view(matrix, matrix, Mat3{}, {});
+    View view = forged<View>(matrix, matrix, Mat3{}, Vec3{});
     view.setOrientation({0, 1, 0, 1});
     EXPECT_EQ(view.viewMatrix()(3, 0), 7.0);
     EXPECT_EQ(view.viewTransformMatrix()(3, 3), 8.0);

@@ -78,7 +78,7 @@ TEST(View, YawKeepsTheEyeAndThePartsInStep) {
 TEST(View, YawTakesItsAxisFromTheViewMatrixAndTheOrientationFromTheRotation) {
     // The second row of the view matrix is the world's z here; the rotation is the identity all the same.
     const Mat4 viewMatrix = rows4({{{1, 0, 0, 0}, {0, 0, 1, 0}, {0, -1, 0, 0}, {0, 0, 0, 1}}});
-    View view(Mat4{}, viewMatrix, Mat3{}, {});
+    View view = forged<View>(Mat4{}, viewMatrix, Mat3{}, Vec3{});
     view.yaw(pi / 4.0);
     EXPECT_TRUE(near(view.rotation(), rows3({{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}), 4 * epsilon));
 }

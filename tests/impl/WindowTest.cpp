@@ -16,7 +16,7 @@ using math::Vec3;
 constexpr bool bothTypes[] = {false, true};
 
 PlanarCamera with(const Frustum& frustum, bool orthographic) {
-    return {impl::View(), projectionOf(frustum, orthographic), impl::Surface()};
+    return cameraOf(impl::View(), projectionOf(frustum, orthographic), impl::Surface());
 }
 
 const Frustum offCentre{-1, 3, -2, 6, 2, 100};
@@ -68,16 +68,16 @@ TEST(WindowSize, IsUnsigned) {
 
 TEST(WindowSize, StillSetsTheResolutionWhereTheFrustumIsRejected) {
     // A frustum of no depth, which only a forged image has, is never accepted again.
-    const impl::Projection forged(math::Mat4{}, math::Mat4{}, 0, {-1, 1, -1, 1, 1, 1});
-    PlanarCamera camera(impl::View(), forged, impl::Surface());
+    const impl::Projection forged = forgedProjection(0, {-1, 1, -1, 1, 1, 1});
+    PlanarCamera camera = cameraOf(impl::View(), forged, impl::Surface());
     camera.updateWindowSize(1280, 960);
     EXPECT_TRUE(same(camera.projection(), forged));
     EXPECT_EQ(camera.surface().resolutionX(), 1280U);
 }
 
 TEST(WindowSize, FromAForgedResolutionOfZeroIsNotGuarded) {
-    const impl::Surface forged({}, math::Mat4{}, math::Mat4{}, 0, 480);
-    PlanarCamera camera(impl::View(), projectionOf(offCentre, false), forged);
+    const impl::Surface forged = forgedSurface(0, 480);
+    PlanarCamera camera = cameraOf(impl::View(), projectionOf(offCentre, false), forged);
     camera.updateWindowSize(640, 480);
     EXPECT_EQ(camera.projection().frustum().left, -infinity);
     EXPECT_EQ(camera.projection().frustum().right, infinity);
@@ -102,7 +102,7 @@ TEST(ClippingPlanes, KeepTheFieldOfViewOfAPerspective) {
 
 TEST(ClippingPlanes, MeasureAlongTheView) {
     // The sphere is ten behind the origin on x; the eye is at 5 on x and looks along -x.
-    PlanarCamera camera({{5, 0, 0}, {0, 0, 0}, {0, 1, 0}}, projectionOf(offCentre, true), impl::Surface());
+    PlanarCamera camera = cameraOf({{5, 0, 0}, {0, 0, 0}, {0, 1, 0}}, projectionOf(offCentre, true), impl::Surface());
     camera.updateClippingPlanes({-10, 3, 4}, 1.0, 0.1);
     EXPECT_DOUBLE_EQ(camera.projection().frustum().nearDist, 14 * 0.95);
     EXPECT_DOUBLE_EQ(camera.projection().frustum().farDist, 16 * 1.05);

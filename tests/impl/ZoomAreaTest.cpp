@@ -16,7 +16,7 @@ using math::Vec3;
 /// The pixel camera with other depths of its viewport.
 PlanarCamera withDepths(double depthMin, double depthMax) {
     PlanarCamera camera = pixelCamera();
-    camera.setSurface(surfaceOf({0, 0, 1, 1, depthMin, depthMax}, 512, 512));
+    camera.setSurface(blobOf(surfaceOf({0, 0, 1, 1, depthMin, depthMax}, 512, 512)));
     return camera;
 }
 
@@ -43,7 +43,7 @@ TEST(ZoomArea, HeightensAWideRectangle) {
 }
 
 TEST(ZoomArea, KeepsTheAspectRatioOfTheFrustum) {
-    PlanarCamera camera(impl::View(), projectionOf({0, 1024, 0, 512, 1, 3}, true), surfaceOf({}, 1024, 512));
+    PlanarCamera camera = cameraOf(impl::View(), projectionOf({0, 1024, 0, 512, 1, 3}, true), surfaceOf({}, 1024, 512));
     camera.zoomArea({100, 200, 0.5}, {200, 300, 0.5});
     EXPECT_EQ(camera.projection().frustum(), (Frustum{-100, 100, -50, 50, 1, 3}));
 }
@@ -76,7 +76,8 @@ TEST(ZoomArea, InPerspectiveTakesTheNearerOfTheCornersInAnyOrder) {
 }
 
 TEST(ZoomArea, MovesAlongTheAxesOfTheView) {
-    PlanarCamera camera({{0, 0, 5}, {0, 0, 0}, {1, 0, 0}}, pixelCamera().projection(), pixelCamera().surface());
+    PlanarCamera camera =
+        cameraOf({{0, 0, 5}, {0, 0, 0}, {1, 0, 0}}, pixelCamera().projection(), pixelCamera().surface());
     camera.zoomArea({100, 200, 0.5}, {300, 400, 0.5});
     EXPECT_TRUE(near(camera.view().eye(), {300, -200, 5}, 512 * 8 * epsilon)); // up is x, right is -y
 }
@@ -98,14 +99,16 @@ TEST(ZoomArea, WithCornersInOneColumnOrRowZooms) {
 
 TEST(ZoomArea, TakesAZeroHeightForAThousandth) {
     // A window so flat that the width alone, 100, would need a height of 1/20000.
-    PlanarCamera camera(impl::View(), projectionOf({0, 512, 0, 0.000256, 1, 3}, true), surfaceOf({}, 512, 512));
+    PlanarCamera camera =
+        cameraOf(impl::View(), projectionOf({0, 512, 0, 0.000256, 1, 3}, true), surfaceOf({}, 512, 512));
     camera.zoomArea({100, 200, 0.5}, {200, 200, 0.5});
     EXPECT_NEAR(camera.projection().frustum().top, 0.0005, 1e-18);
     EXPECT_NEAR(camera.projection().frustum().right, 0.0005 * 512 / 0.000256, 1e-9);
 }
 
 TEST(ZoomArea, TakesAZeroWidthForAThousandth) {
-    PlanarCamera camera(impl::View(), projectionOf({0, 0.000256, 0, 512, 1, 3}, true), surfaceOf({}, 512, 512));
+    PlanarCamera camera =
+        cameraOf(impl::View(), projectionOf({0, 0.000256, 0, 512, 1, 3}, true), surfaceOf({}, 512, 512));
     camera.zoomArea({100, 200, 0.5}, {100, 300, 0.5});
     EXPECT_NEAR(camera.projection().frustum().right, 0.0005, 1e-18);
     EXPECT_NEAR(camera.projection().frustum().top, 1000.0, 1e-9);
@@ -114,7 +117,7 @@ TEST(ZoomArea, TakesAZeroWidthForAThousandth) {
 // What is smaller than a thousandth of a unit on the near plane is not enlarged to the window: it may even shrink.
 TEST(ZoomArea, ShrinksARectangleInAFrustumOfLessThanAThousandth) {
     const Frustum tiny{-0.0001, 0.0001, -0.0001, 0.0001, 1, 9};
-    PlanarCamera camera(squareCamera().view(), projectionOf(tiny, false), squareCamera().surface());
+    PlanarCamera camera = cameraOf(squareCamera().view(), projectionOf(tiny, false), squareCamera().surface());
     camera.zoomArea({0, 0, 0.5}, {256, 256, 0.5});
     EXPECT_TRUE(near(camera.projection().frustum(), Frustum{-0.0005, 0.0005, -0.0005, 0.0005, 1, 9}, 1e-18));
 }
@@ -170,8 +173,8 @@ TEST(ZoomArea, WithBothCornersJustBeforeTheBackgroundUsesTheDepthsGiven) {
 
 TEST(ZoomArea, TakesTheBackgroundFromTheViewport) {
     // With depths from 0 to 0.95 the background is at 0.95, and 0.9 stands in its place.
-    PlanarCamera expected(squareCamera().view(), squareCamera().projection(),
-                          surfaceOf({0, 0, 1, 1, 0, 0.95}, 512, 512));
+    PlanarCamera expected =
+        cameraOf(squareCamera().view(), squareCamera().projection(), surfaceOf({0, 0, 1, 1, 0, 0.95}, 512, 512));
     PlanarCamera camera = expected;
     camera.zoomArea({100, 200, 0.95}, {300, 400, 0.95});
     expected.zoomArea({100, 200, 0.9}, {300, 400, 0.9});
@@ -181,7 +184,7 @@ TEST(ZoomArea, TakesTheBackgroundFromTheViewport) {
 // With the background at 0, or at the tolerance itself, both differences can be exactly the tolerance.
 TEST(ZoomArea, CountsDepthsThatDifferByExactlyTheToleranceAsBackground) {
     PlanarCamera before = squareCamera();
-    before.setSurface(surfaceOf({0, 0, 1, 1, -1, 0}, 512, 512));
+    before.setSurface(blobOf(surfaceOf({0, 0, 1, 1, -1, 0}, 512, 512)));
     PlanarCamera expected = before;
     expected.zoomArea({100, 200, 0.9}, {300, 400, 0.9});
     PlanarCamera camera = before;
@@ -194,7 +197,7 @@ TEST(ZoomArea, CountsDepthsThatDifferByExactlyTheToleranceAsBackground) {
 
 TEST(ZoomArea, CountsADepthAtExactlyTheToleranceFromTheMaximumAsBackground) {
     PlanarCamera before = squareCamera();
-    before.setSurface(surfaceOf({0, 0, 1, 1, -1, 1e-7}, 512, 512));
+    before.setSurface(blobOf(surfaceOf({0, 0, 1, 1, -1, 1e-7}, 512, 512)));
     PlanarCamera expected = before;
     expected.zoomArea({100, 200, 0.9}, {300, 400, 0.9});
     PlanarCamera camera = before;
