@@ -85,7 +85,11 @@ TYPED_TEST(BlobOf, GivesEveryByteBackButHeaderAndPaddingWhichAreZero) {
         for (const auto& [offset, size] : unused(std::type_identity<TypeParam>{})) {
             std::fill_n(expected.begin() + static_cast<std::ptrdiff_t>(offset), size, '\0');
         }
-        EXPECT_EQ(blobOf(TypeParam(given)), expected);
+        const TypeParam object(given);
+        EXPECT_EQ(blobOf(object), expected);
+        TypeParam assigned;
+        assigned = object;
+        EXPECT_EQ(blobOf(TypeParam(assigned)), expected) << "copied";
     }
 }
 

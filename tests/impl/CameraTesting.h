@@ -67,6 +67,19 @@ template <class Object>
     return ::testing::AssertionFailure() << "the blobs differ from byte " << difference << " on";
 }
 
+/// An object after an operation on a copy of it.
+template <class Object, class Operation>
+[[nodiscard]] Object after(Object object, Operation operation) {
+    operation(object);
+    return object;
+}
+
+/// Whether an operation leaves every bit of an object as it is.
+template <class Object, class Operation>
+[[nodiscard]] ::testing::AssertionResult unchanged(const Object& before, Operation operation) {
+    return same(after(before, operation), before);
+}
+
 [[nodiscard]] inline std::array<double, 6> numbers(const math::Frustum& frustum) {
     const auto& [l, r, b, t, n, f] = frustum;
     return {l, r, b, t, n, f};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <string>
 #include <type_traits>
 
 #include "impl/Camera.h"
@@ -24,11 +23,10 @@ static_assert(std::is_nothrow_move_constructible_v<PlanarCamera> && std::is_noth
 static_assert(std::is_copy_constructible_v<PlanarCamera> && std::is_copy_assignable_v<PlanarCamera>);
 static_assert(!std::is_convertible_v<View, PlanarCamera>);
 
-TEST(PlanarCamera, IsMadeOfDefaultsAtFirst) {
-    const PlanarCamera camera;
-    EXPECT_TRUE(same(camera.view(), View()));
-    EXPECT_TRUE(same(camera.projection(), Projection()));
-    EXPECT_TRUE(same(camera.surface(), Surface()));
+TEST(PlanarCamera, IsMadeOfDefaultsAndHasZeroWordsAtFirst) {
+    EXPECT_TRUE(same(PlanarCamera(), cameraOf(View(), Projection(), Surface())));
+    EXPECT_EQ(PlanarCamera().firstWord(), 0U);
+    EXPECT_EQ(PlanarCamera().secondWord(), 0U);
 }
 
 TEST(PlanarCamera, TakesItsPartsAsTheyAre) {
@@ -41,22 +39,16 @@ TEST(PlanarCamera, TakesItsPartsAsTheyAre) {
     EXPECT_TRUE(same(camera.surface(), surface));
 }
 
-TEST(PlanarCamera, SetViewReplacesTheViewAlone) {
+TEST(PlanarCamera, TakesEachPartByItself) {
     PlanarCamera camera = someCamera(false);
+    const Projection projection = camera.projection();
+    const Surface surface = camera.surface();
     camera.setView(blobOf(View()));
-    EXPECT_TRUE(same(camera, cameraOf(View(), someCamera(false).projection(), someCamera(false).surface())));
-}
-
-TEST(PlanarCamera, SetProjectionReplacesTheProjectionAlone) {
-    PlanarCamera camera = someCamera(false);
+    EXPECT_TRUE(same(camera, cameraOf(View(), projection, surface)));
     camera.setProjection(blobOf(Projection()));
-    EXPECT_TRUE(same(camera, cameraOf(someCamera(false).view(), Projection(), someCamera(false).surface())));
-}
-
-TEST(PlanarCamera, SetSurfaceReplacesTheSurfaceAlone) {
-    PlanarCamera camera = someCamera(false);
+    EXPECT_TRUE(same(camera, cameraOf(View(), Projection(), surface)));
     camera.setSurface(blobOf(Surface()));
-    EXPECT_TRUE(same(camera, cameraOf(someCamera(false).view(), someCamera(false).projection(), Surface())));
+    EXPECT_TRUE(same(camera, PlanarCamera()));
 }
 
 TEST(PlanarCamera, TurnsItsViewInPlace) {
@@ -67,13 +59,6 @@ TEST(PlanarCamera, TurnsItsViewInPlace) {
     EXPECT_TRUE(same(camera.view(), expected));
 }
 
-TEST(CameraWords, AreZeroAtFirst) {
-    EXPECT_EQ(PlanarCamera().firstWord(), 0U);
-    EXPECT_EQ(PlanarCamera().secondWord(), 0U);
-    EXPECT_EQ(someCamera(true).firstWord(), 0U);
-    EXPECT_EQ(someCamera(true).secondWord(), 0U);
-}
-
 TEST(CameraWords, AreStoredAndReadThroughTheBase) {
     PlanarCamera planar;
     Camera& camera = planar;
@@ -81,21 +66,6 @@ TEST(CameraWords, AreStoredAndReadThroughTheBase) {
     camera.setSecondWord(0x0123456789ABCDEFU);
     EXPECT_EQ(camera.firstWord(), 0xFFFFFFFFFFFFFFFFU);
     EXPECT_EQ(camera.secondWord(), 0x0123456789ABCDEFU);
-}
-
-TEST(CameraWords, AreCopiedWithTheRest) {
-    PlanarCamera camera = someCamera(true);
-    camera.setFirstWord(3);
-    camera.setSecondWord(4);
-    const PlanarCamera copy = camera;
-    EXPECT_EQ(copy.firstWord(), 3U);
-    EXPECT_EQ(copy.secondWord(), 4U);
-    EXPECT_TRUE(same(copy, camera));
-    PlanarCamera assigned;
-    assigned = camera;
-    EXPECT_EQ(assigned.firstWord(), 3U);
-    EXPECT_EQ(assigned.secondWord(), 4U);
-    EXPECT_TRUE(same(assigned, camera));
 }
 
 TEST(CameraWords, AreTouchedByNoOperation) {
@@ -116,35 +86,16 @@ TEST(PlanarCamera, NamesItsType) {
     EXPECT_EQ(camera.typeName(), "PlanarCamera");
 }
 
-TEST(PlanarCamera, UpdateFromScreenPrintsOneLineEachTime) {
-    PlanarCamera camera = someCamera(false);
+TEST(PlanarCamera, PrintsOneLineAndChangesNothingWhereItIsNotImplemented) {
+    const PlanarCamera before = someCamera(false);
     ::testing::internal::CaptureStdout();
-    camera.updateFromScreen();
-    const std::string once = ::testing::internal::GetCapturedStdout();
-    EXPECT_EQ(once, "[PlanarCamera::updateFromScreen] function not yet implemented\n");
-    ::testing::internal::CaptureStdout();
-    camera.updateFromScreen();
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), once);
-}
-
-TEST(PlanarCamera, UpdateFromWindowPrintsOneLineEachTime) {
-    PlanarCamera camera = someCamera(false);
-    ::testing::internal::CaptureStdout();
-    camera.updateFromWindow();
-    const std::string once = ::testing::internal::GetCapturedStdout();
-    EXPECT_EQ(once, "[PlanarCamera::updateFromWindow] function not yet implemented\n");
-    ::testing::internal::CaptureStdout();
-    camera.updateFromWindow();
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), once);
-}
-
-TEST(PlanarCamera, IsNotChangedByItsStubs) {
-    PlanarCamera camera = someCamera(false);
-    ::testing::internal::CaptureStdout();
-    camera.updateFromScreen();
-    camera.updateFromWindow();
-    EXPECT_EQ(::testing::internal::GetCapturedStdout().size(), 2 * 62U);
-    EXPECT_TRUE(same(camera, someCamera(false)));
+    EXPECT_TRUE(unchanged(before, [](Camera& camera) { camera.updateFromScreen(); }));
+    EXPECT_TRUE(unchanged(before, [](Camera& camera) { camera.updateFromWindow(); }));
+    EXPECT_TRUE(unchanged(before, [](Camera& camera) { camera.updateFromScreen(); }));
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+              "[PlanarCamera::updateFromScreen] function not yet implemented\n"
+              "[PlanarCamera::updateFromWindow] function not yet implemented\n"
+              "[PlanarCamera::updateFromScreen] function not yet implemented\n");
 }
 
 } // namespace

@@ -32,25 +32,18 @@ TEST(ViewAlongAxis, KeepsTheDistanceOfAnyEyeFromAnyTarget) {
     }
 }
 
-TEST(ViewAlongAxis, WithTheEyeOnTheTargetLooksFromThere) {
-    View view({1, 2, 3}, {0, 0, 0}, {0, 1, 0});
-    view.setViewAlongWorldAxis({1, 2, 3}, {0, 0, 5}, {0, 1, 0});
-    EXPECT_EQ(view.eye(), (Vec3{1, 2, 3}));
+/// Looks along z at the origin from an eye on x, which then looked away from it.
+View fromNextTo(double x) {
+    View view({x, 0, 0}, {9, 0, 0}, {0, 1, 0});
+    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1}, {0, 1, 0});
     EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+    return view;
 }
 
-TEST(ViewAlongAxis, WithTheEyeAtTheToleranceFromTheTargetStaysThere) {
-    View view({1e-7, 0, 0}, {9, 0, 0}, {0, 1, 0});
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1}, {0, 1, 0});
-    EXPECT_EQ(view.eye(), (Vec3{1e-7, 0, 0}));
-    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
-}
-
-TEST(ViewAlongAxis, WithTheEyeJustOffTheTargetMoves) {
-    View view({1.001e-7, 0, 0}, {9, 0, 0}, {0, 1, 0});
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1}, {0, 1, 0});
-    EXPECT_TRUE(near(view.eye(), {0, 0, -1.001e-7}, 1e-22));
-    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+TEST(ViewAlongAxis, FromTheTargetOrAtMostTheToleranceBesideItStaysThere) {
+    EXPECT_EQ(fromNextTo(0).eye(), Vec3{});
+    EXPECT_EQ(fromNextTo(1e-7).eye(), (Vec3{1e-7, 0, 0}));
+    EXPECT_TRUE(near(fromNextTo(1.001e-7).eye(), {0, 0, -1.001e-7}, 1e-22));
 }
 
 TEST(ViewAlongAxis, WithATargetOfNaNLooksFromWhereTheEyeIs) {
@@ -60,41 +53,27 @@ TEST(ViewAlongAxis, WithATargetOfNaNLooksFromWhereTheEyeIs) {
     EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
 }
 
-TEST(ViewAlongAxis, OfZeroChangesNothing) {
+/// someView() along an axis at the origin.
+View along(const Vec3& axis, const Vec3& up) {
     View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 0}, {0, 1, 0});
-    EXPECT_TRUE(same(view, someView()));
+    view.setViewAlongWorldAxis({0, 0, 0}, axis, up);
+    return view;
 }
 
-TEST(ViewAlongAxis, AtMostTheToleranceLongChangesNothing) {
-    View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1e-7}, {0, 1, 0});
-    EXPECT_TRUE(same(view, someView()));
+TEST(ViewAlongAxis, OfAtMostTheToleranceChangesNothing) {
+    EXPECT_TRUE(same(along({0, 0, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 0, 1e-7}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(near(along({0, 0, 1.001e-7}, {0, 1, 0}).direction(), {0, 0, 1}, 4 * epsilon));
 }
 
-TEST(ViewAlongAxis, LongerThanTheToleranceTurns) {
-    View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1.001e-7}, {0, 1, 0});
-    EXPECT_TRUE(near(view.direction(), {0, 0, 1}, 4 * epsilon));
+TEST(ViewAlongAxis, WithUpZeroOrAlongTheAxisChangesNothing) {
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 0, 0}), someView()));
 }
 
 TEST(ViewAlongAxis, OfNaNIsTaken) {
-    View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, nan, 1}, {0, 1, 0});
-    EXPECT_TRUE(isNaN(view.direction()));
-    EXPECT_TRUE(isNaN(view.eye()));
-}
-
-TEST(ViewAlongAxis, WithUpAlongTheAxisChangesNothing) {
-    View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 1, 0}, {0, 1, 0});
-    EXPECT_TRUE(same(view, someView()));
-}
-
-TEST(ViewAlongAxis, WithUpZeroChangesNothing) {
-    View view = someView();
-    view.setViewAlongWorldAxis({0, 0, 0}, {0, 1, 0}, {0, 0, 0});
-    EXPECT_TRUE(same(view, someView()));
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).direction()));
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).eye()));
 }
 
 } // namespace

@@ -21,20 +21,24 @@ PlanarCamera with(const Frustum& frustum, bool orthographic) {
 
 const Frustum offCentre{-1, 3, -2, 6, 2, 100};
 
-TEST(WindowSize, DoubledDoublesTheSidesAndSetsTheResolution) {
-    for (const bool orthographic : bothTypes) {
-        PlanarCamera camera = with(offCentre, orthographic);
-        camera.updateWindowSize(1280, 960);
-        EXPECT_TRUE(same(camera.projection(), projectionOf({-2, 6, -4, 12, 2, 100}, orthographic)));
-        EXPECT_TRUE(same(camera.surface(), surfaceOf({}, 1280, 960)));
-        EXPECT_TRUE(same(camera.view(), impl::View()));
-    }
+/// The off-centre camera, which is orthographic, with its planes about a sphere.
+PlanarCamera around(const Vec3& centre, double radius, double minimumNearDist) {
+    PlanarCamera camera = with(offCentre, true);
+    camera.updateClippingPlanes(centre, radius, minimumNearDist);
+    return camera;
 }
 
-TEST(WindowSize, ScalesEachDirectionByItself) {
-    PlanarCamera camera = with(offCentre, false);
-    camera.updateWindowSize(320, 960);
-    EXPECT_EQ(camera.projection().frustum(), (Frustum{-0.5, 1.5, -4, 12, 2, 100}));
+Frustum frustumAround(const Vec3& centre, double radius, double minimumNearDist) {
+    return around(centre, radius, minimumNearDist).projection().frustum();
+}
+
+TEST(WindowSize, ScalesEachDirectionByItselfAndSetsTheResolution) {
+    for (const bool orthographic : bothTypes) {
+        PlanarCamera camera = with(offCentre, orthographic);
+        camera.updateWindowSize(1280, 240);
+        EXPECT_TRUE(same(camera, cameraOf(impl::View(), projectionOf({-2, 6, -1, 3, 2, 100}, orthographic),
+                                          surfaceOf({}, 1280, 240))));
+    }
 }
 
 TEST(WindowSize, KeepsTheExtentOfAPixel) {
@@ -52,11 +56,8 @@ TEST(WindowSize, KeepsTheExtentOfAPixel) {
 }
 
 TEST(WindowSize, OfZeroInEitherDirectionChangesNothing) {
-    PlanarCamera camera = someCamera(false);
-    camera.updateWindowSize(0, 100);
-    camera.updateWindowSize(100, 0);
-    camera.updateWindowSize(0, 0);
-    EXPECT_TRUE(same(camera, someCamera(false)));
+    EXPECT_TRUE(unchanged(someCamera(false), [](PlanarCamera& camera) { camera.updateWindowSize(0, 100); }));
+    EXPECT_TRUE(unchanged(someCamera(false), [](PlanarCamera& camera) { camera.updateWindowSize(100, 0); }));
 }
 
 TEST(WindowSize, IsUnsigned) {
@@ -85,10 +86,8 @@ TEST(WindowSize, FromAForgedResolutionOfZeroIsNotGuarded) {
 }
 
 TEST(ClippingPlanes, StandFivePercentOffTheSphere) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, -10}, 1.0, 0.1);
-    EXPECT_TRUE(near(camera.projection().frustum(), Frustum{-1, 3, -2, 6, 8.55, 11.55}, 16 * epsilon));
-    EXPECT_TRUE(camera.projection().isOrthographic());
+    EXPECT_TRUE(near(frustumAround({0, 0, -10}, 1.0, 0.1), Frustum{-1, 3, -2, 6, 8.55, 11.55}, 16 * epsilon));
+    EXPECT_TRUE(around({0, 0, -10}, 1.0, 0.1).projection().isOrthographic());
 }
 
 TEST(ClippingPlanes, KeepTheFieldOfViewOfAPerspective) {
@@ -116,79 +115,44 @@ TEST(ClippingPlanes, ChangeNeitherViewNorSurface) {
     EXPECT_TRUE(same(camera.surface(), someCamera(false).surface()));
 }
 
-TEST(ClippingPlanes, OfASphereAroundTheEyeStartAtTheMinimum) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, -0.5}, 1.0, 0.25);
-    EXPECT_EQ(camera.projection().frustum().nearDist, 0.25);
-    EXPECT_DOUBLE_EQ(camera.projection().frustum().farDist, 1.5 * 1.05);
-}
-
-TEST(ClippingPlanes, OfASphereWhoseFrontIsAtTheMinimumStartThere) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, -10}, 1.0, 9 * 0.95);
-    EXPECT_EQ(camera.projection().frustum().nearDist, 9 * 0.95);
+TEST(ClippingPlanes, StartAtTheMinimumWhereTheSphereIsNearer) {
+    const Frustum aroundTheEye = frustumAround({0, 0, -0.5}, 1.0, 0.25);
+    EXPECT_EQ(aroundTheEye.nearDist, 0.25);
+    EXPECT_DOUBLE_EQ(aroundTheEye.farDist, 1.5 * 1.05);
+    EXPECT_EQ(frustumAround({0, 0, -10}, 1.0, 9 * 0.95).nearDist, 9 * 0.95) << "the front is at the minimum";
+    const Frustum tipAhead = frustumAround({0, 0, 1}, 2.0, 0.1);
+    EXPECT_EQ(tipAhead.nearDist, 0.1);
+    EXPECT_DOUBLE_EQ(tipAhead.farDist, 1.05);
 }
 
 TEST(ClippingPlanes, OfASphereBehindTheEyeChangeNothing) {
-    PlanarCamera camera = someCamera(false);
-    camera.updateClippingPlanes(camera.view().eye() - camera.view().direction() * 2.0, 1.0, 0.1);
-    EXPECT_TRUE(same(camera, someCamera(false)));
+    EXPECT_TRUE(unchanged(someCamera(false), [](PlanarCamera& camera) {
+        camera.updateClippingPlanes(camera.view().eye() - camera.view().direction() * 2.0, 1.0, 0.1);
+    }));
+    EXPECT_TRUE(same(around({0, 0, 1}, 1.0, 0.1), with(offCentre, true))) << "that touches the eye's plane";
 }
 
-TEST(ClippingPlanes, OfASphereThatTouchesTheEyePlaneFromBehindChangeNothing) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, 1}, 1.0, 0.1);
-    EXPECT_TRUE(same(camera, with(offCentre, true)));
-}
-
-TEST(ClippingPlanes, OfASphereWithItsTipAheadOfTheEyeMove) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, 1}, 2.0, 0.1);
-    EXPECT_EQ(camera.projection().frustum().nearDist, 0.1);
-    EXPECT_DOUBLE_EQ(camera.projection().frustum().farDist, 1.05);
-}
-
-TEST(ClippingPlanes, WithARadiusUpToTheToleranceChangeNothing) {
-    for (const double radius : {1e-7, 0.0, -1.0}) {
-        PlanarCamera camera = with(offCentre, true);
-        camera.updateClippingPlanes({0, 0, -10}, radius, 0.1);
-        EXPECT_TRUE(same(camera, with(offCentre, true))) << radius;
-    }
-}
-
-TEST(ClippingPlanes, WithAMinimumUpToTheToleranceChangeNothing) {
-    for (const double minimum : {1e-7, 0.0, -1.0}) {
-        PlanarCamera camera = with(offCentre, true);
-        camera.updateClippingPlanes({0, 0, -10}, 1.0, minimum);
-        EXPECT_TRUE(same(camera, with(offCentre, true))) << minimum;
+TEST(ClippingPlanes, WithARadiusOrAMinimumUpToTheToleranceChangeNothing) {
+    for (const double none : {1e-7, 0.0, -1.0}) {
+        EXPECT_TRUE(same(around({0, 0, -10}, none, 0.1), with(offCentre, true))) << none;
+        EXPECT_TRUE(same(around({0, 0, -10}, 1.0, none), with(offCentre, true))) << none;
     }
 }
 
 TEST(ClippingPlanes, WithAMinimumBeyondTheSphereChangeNothing) {
-    PlanarCamera camera = with(offCentre, false);
-    camera.updateClippingPlanes({0, 0, -10}, 1.0, 12.0);
-    EXPECT_TRUE(same(camera, with(offCentre, false)));
+    EXPECT_TRUE(same(around({0, 0, -10}, 1.0, 12.0), with(offCentre, true)));
 }
 
-TEST(ClippingPlanes, WithARadiusOfNaNStartAtTheMinimum) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, -10}, nan, 0.5);
-    EXPECT_EQ(camera.projection().frustum().nearDist, 0.5);
-    EXPECT_TRUE(std::isnan(camera.projection().frustum().farDist));
-}
-
-TEST(ClippingPlanes, WithACentreOfNaNStartAtTheMinimum) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, nan}, 1.0, 0.5);
-    EXPECT_EQ(camera.projection().frustum().nearDist, 0.5);
-    EXPECT_TRUE(std::isnan(camera.projection().frustum().farDist));
+TEST(ClippingPlanes, OfASphereOfNaNStartAtTheMinimum) {
+    for (const Frustum& frustum : {frustumAround({0, 0, -10}, nan, 0.5), frustumAround({0, 0, nan}, 1.0, 0.5)}) {
+        EXPECT_EQ(frustum.nearDist, 0.5);
+        EXPECT_TRUE(std::isnan(frustum.farDist));
+    }
 }
 
 TEST(ClippingPlanes, WithAMinimumOfNaNTakeIt) {
-    PlanarCamera camera = with(offCentre, true);
-    camera.updateClippingPlanes({0, 0, -10}, 1.0, nan);
-    EXPECT_TRUE(std::isnan(camera.projection().frustum().nearDist));
-    EXPECT_DOUBLE_EQ(camera.projection().frustum().farDist, 11 * 1.05);
+    EXPECT_TRUE(std::isnan(frustumAround({0, 0, -10}, 1.0, nan).nearDist));
+    EXPECT_DOUBLE_EQ(frustumAround({0, 0, -10}, 1.0, nan).farDist, 11 * 1.05);
 }
 
 } // namespace

@@ -23,11 +23,6 @@ constexpr Quat j{0, 1, 0, 0};
 constexpr Quat k{0, 0, 1, 0};
 constexpr Quat minusOne{0, 0, 0, -1};
 
-Quat randomQuaternion(Random& random, double size) {
-    const Vec3 v = random.vector(size);
-    return {v.x, v.y, v.z, random.between(-size, size)};
-}
-
 TEST(QuaternionProduct, ObeysHamiltonsRules) {
     EXPECT_EQ(i * i, minusOne);
     EXPECT_EQ(j * j, minusOne);
@@ -42,15 +37,6 @@ TEST(QuaternionProduct, HasTheIdentityOnBothSides) {
     const Quat q{1, -2, 3, -4};
     EXPECT_EQ(q * Quat{}, q);
     EXPECT_EQ(Quat{} * q, q);
-}
-
-TEST(QuaternionProduct, MultipliesTheLengths) {
-    Random random(21);
-    for (int n = 0; n < 100; ++n) {
-        const Quat a = randomQuaternion(random, 3.0);
-        const Quat b = randomQuaternion(random, 3.0);
-        EXPECT_NEAR(length(a * b), length(a) * length(b), 36 * 8 * epsilon);
-    }
 }
 
 TEST(QuaternionProduct, TurnsByTheRightFactorFirst) {
@@ -114,38 +100,21 @@ TEST(QuaternionToMatrix, HasEachElementFromItsOwnProducts) {
     EXPECT_EQ(mat3FromQuaternion({1, 10, 100, 1000}), expected);
 }
 
-TEST(QuaternionToMatrix, DoesNotNormalise) {
-    // Twice the unit quaternion of a half turn about x: 1 - 2 (2^2) on the diagonal.
-    EXPECT_EQ(mat3FromQuaternion({2, 0, 0, 0}), rows3({{{1, 0, 0}, {0, -7, 0}, {0, 0, -7}}}));
-}
-
 TEST(QuaternionToMatrix, MakesTheIdentityOfTheZeroQuaternion) {
     EXPECT_EQ(mat3FromQuaternion({0, 0, 0, 0}).mElements, Mat3{}.mElements);
 }
 
-TEST(QuaternionToMatrix, MarksANewMatrixAsARotation) { EXPECT_EQ(mat3FromQuaternion({}).mKind, MatrixKind::rotation); }
-
-TEST(QuaternionToMatrix, WritesOverEveryElement) {
+TEST(QuaternionToMatrix, WritesOverEveryElementOfTheMatrixThatItReturns) {
     Mat3 m = rows3({{{nan, nan, nan}, {nan, nan, nan}, {nan, nan, nan}}});
-    EXPECT_EQ(quaternionToMat3(Quat{}, m).mElements, Mat3{}.mElements);
+    EXPECT_EQ(&quaternionToMat3(Quat{}, m), &m);
+    EXPECT_EQ(m.mElements, Mat3{}.mElements);
 }
 
-TEST(QuaternionToMatrix, ReturnsTheMatrixThatItWrote) {
-    Mat3 m;
-    EXPECT_EQ(&quaternionToMat3(i, m), &m);
-}
-
-TEST(QuaternionToMatrix, MakesATranslationARotationWithTranslation) {
-    Mat3 m;
-    m.mKind = MatrixKind::translation;
-    EXPECT_EQ(quaternionToMat3(i, m).mKind, MatrixKind::rotationTranslation);
-}
-
-TEST(QuaternionToMatrix, KeepsAnyOtherKind) {
-    for (const std::uint32_t value : {0U, 4U, 16U, 32U, 64U, 33U}) {
+TEST(QuaternionToMatrix, AddsARotationToTheKind) {
+    for (const MatrixKind kind : {MatrixKind::identity, MatrixKind::translation, MatrixKind::general}) {
         Mat3 m;
-        m.mKind = MatrixKind{value};
-        EXPECT_EQ(quaternionToMat3(i, m).mKind, MatrixKind{value});
+        m.mKind = kind;
+        EXPECT_EQ(quaternionToMat3(i, m).mKind, withRotation(kind));
     }
 }
 

@@ -26,54 +26,30 @@ Mat3 withDiagonal(double a, double b, double c) {
     return rows3({{{a, 2, 8}, {8, b, 6}, {4, 8, c}}});
 }
 
-TEST(MatrixToQuaternion, OfTheIdentityIsTheIdentity) { EXPECT_EQ(mat3ToQuaternion(Mat3{}), Quat{}); }
-
-TEST(MatrixToQuaternion, TakesTheScalarFromAPositiveTrace) {
+TEST(MatrixToQuaternion, TakesTheScalarFromAPositiveTraceHoweverSmall) {
+    EXPECT_EQ(mat3ToQuaternion(Mat3{}), Quat{});
     // trace 3: r = 2, s = 1/4.
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(1, 1, 1)), (Quat{0.5, 1.0, 1.5, 1.0}));
-}
-
-TEST(MatrixToQuaternion, TakesTheScalarFromTheSmallestPositiveTrace) {
     // trace 5e-324 rounds away beside 1: r = 1, s = 1/2.
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(5e-324, 0, 0)), (Quat{1, 2, 3, 0.5}));
 }
 
-TEST(MatrixToQuaternion, DoesNotTakeTheScalarFromATraceOfZero) {
-    // i = 0: r = sqrt(0 - (0 + 0) + 1) = 1, x = 1/2, y = 10/2, z = 12/2, w = 2/2.
-    EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, 0, 0)), (Quat{0.5, 5, 6, 1}));
-}
-
-TEST(MatrixToQuaternion, TakesXWhereTheFirstDiagonalElementIsLargest) {
-    // r = sqrt(1 - (-1 - 1) + 1) = 2, s = 1/4.
+TEST(MatrixToQuaternion, TakesTheComponentOfTheLargestDiagonalElementOtherwise) {
+    // r = sqrt(1 - (-1 - 1) + 1) = 2, s = 1/4: x from the root, y from 10, z from 12, w from 2.
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(1, -1, -1)), (Quat{1, 2.5, 3, 0.5}));
-}
-
-TEST(MatrixToQuaternion, TakesYWhereTheSecondDiagonalElementIsLargest) {
-    // j = 2, k = 0: w from M(0,2) - M(2,0) = 4, z from 14, x from 10.
+    // w from M(0,2) - M(2,0) = 4, z from 14, x from 10.
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(-1, 1, -1)), (Quat{2.5, 1, 3.5, 1}));
-}
-
-TEST(MatrixToQuaternion, TakesZWhereTheThirdDiagonalElementIsLargest) {
-    // j = 0, k = 1: w from M(1,0) - M(0,1) = 6, x from 12, y from 14.
+    // w from M(1,0) - M(0,1) = 6, x from 12, y from 14.
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(-1, -1, 1)), (Quat{3, 3.5, 1, 1.5}));
+    // The second above the first, and the third above both: r = sqrt(0 - (-3 - 2) + 1).
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(-3, -2, 0)).z, std::sqrt(6.0) / 2.0);
 }
 
-TEST(MatrixToQuaternion, TakesZWhereOnlyTheSecondIsAboveTheFirstButTheThirdAboveBoth) {
-    // r = sqrt(0 - (-3 - 2) + 1), not whole: looked at through z = r/2 being the one with the root.
-    const Quat q = mat3ToQuaternion(withDiagonal(-3, -2, 0));
-    EXPECT_EQ(q.z, std::sqrt(6.0) / 2.0);
-}
-
-TEST(MatrixToQuaternion, PrefersXInATieWithY) {
-    // r = sqrt(0 - (0 - 3) + 1) = 2.
+TEST(MatrixToQuaternion, PrefersTheEarlierComponentInATie) {
+    // A trace of zero is not positive: r = 1, x = 1/2, y = 10/2, z = 12/2, w = 2/2.
+    EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, 0, 0)), (Quat{0.5, 5, 6, 1}));
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, 0, -3)), (Quat{1, 2.5, 3, 0.5}));
-}
-
-TEST(MatrixToQuaternion, PrefersXInATieWithZ) {
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(0, -3, 0)), (Quat{1, 2.5, 3, 0.5}));
-}
-
-TEST(MatrixToQuaternion, PrefersYInATieWithZ) {
     EXPECT_EQ(mat3ToQuaternion(withDiagonal(-3, 0, 0)), (Quat{2.5, 1, 3.5, 1}));
 }
 

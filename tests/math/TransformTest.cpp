@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "math/Matrices.h"
-#include "math/Pipeline.h"
 #include "tests/math/Near.h"
 
 namespace qel::api::camera::test {
@@ -29,18 +28,15 @@ TEST(TransformPoint, DividesByW) {
     EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, -4), {1, 2, 3}), (Vec3{-3, -6, -9}));
 }
 
-TEST(TransformPoint, DoesNotDivideByExactlyTheTolerance) {
-    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 1e-4), {1, 2, 3}), (Vec3{12, 24, 36}));
-    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, -1e-4), {1, 2, 3}), (Vec3{12, 24, 36}));
+TEST(TransformPoint, DoesNotDivideByWUpToTheTolerance) {
+    for (const double w : {1e-4, -1e-4, 0.0}) {
+        EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, w), {1, 2, 3}), (Vec3{12, 24, 36})) << w;
+    }
 }
 
 TEST(TransformPoint, DividesByTheFirstNumberAboveTheTolerance) {
     const double w = justAbove(1e-4);
     EXPECT_TRUE(near(transformPoint(withLastRow(0, 0, 0, w), {1, 2, 3}), Vec3{12 / w, 24 / w, 36 / w}, 1e-9));
-}
-
-TEST(TransformPoint, DoesNotDivideByZero) {
-    EXPECT_EQ(transformPoint(withLastRow(0, 0, 0, 0), {1, 2, 3}), (Vec3{12, 24, 36}));
 }
 
 TEST(TransformPoint, DividesByNaN) { EXPECT_TRUE(isNaN(transformPoint(withLastRow(0, 0, 0, nan), {1, 2, 3}))); }
@@ -49,15 +45,6 @@ TEST(TransformPoint, DividesByNaN) { EXPECT_TRUE(isNaN(transformPoint(withLastRo
 TEST(TransformPoint, MultipliesByTheReciprocal) {
     const Mat4 m = rows4({{{49, 0, 0, 0}, {0, 49, 0, 0}, {0, 0, 49, 0}, {0, 0, 0, 49}}});
     EXPECT_EQ(transformPoint(m, {1, 0, 0}).x, justBelow(1.0));
-}
-
-TEST(TransformPoint, TakesTheCentreOfTheNearPlaneToMinusOne) {
-    const Vec3 p = transformPoint(math::makeFrustum({-1, 1, -1, 1, 1, 3}), {0, 0, -1});
-    EXPECT_EQ(p, (Vec3{0, 0, -1}));
-}
-
-TEST(TransformPoint, TakesTheCentreOfTheFarPlaneToOne) {
-    EXPECT_TRUE(near(transformPoint(math::makeFrustum({-1, 1, -1, 1, 1, 3}), {0, 0, -3}), {0, 0, 1}, 4 * epsilon));
 }
 
 TEST(TransformVector, IgnoresTheTranslation) {
