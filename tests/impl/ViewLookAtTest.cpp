@@ -37,8 +37,12 @@ Mat3 rotationOfLookAt(const Vec3& eye, const Vec3& lookat, const Vec3& up) {
 }
 
 TEST(View, StandsAtTheOriginAndLooksAlongMinusZAtFirst) {
-    EXPECT_TRUE(same(View(), withKinds(forged<View>(Mat4{}, Mat4{}, Mat3{}, Vec3{}), {64, 64, 64})));
-    EXPECT_EQ(View().direction(), (Vec3{0, 0, -1}));
+    const View view;
+    EXPECT_EQ(view.viewTransformMatrix().mElements, Mat4{}.mElements);
+    EXPECT_EQ(view.viewMatrix().mElements, Mat4{}.mElements);
+    EXPECT_EQ(view.rotation().mElements, Mat3{}.mElements);
+    EXPECT_EQ(view.eye(), Vec3{});
+    EXPECT_EQ(kinds(view), (Kinds{64, 64, 64}));
 }
 
 TEST(View, LooksFromTheEyeAtThePoint) {
@@ -134,6 +138,64 @@ TEST(View, LookAtTakesAnUpOfNaN) {
 
 TEST(View, StaysBlankWhereItsCreationIsRejected) {
     EXPECT_TRUE(same(View({1, 2, 3}, {1, 9, 3}, {0, 1, 0}), forged<View>(Mat4{}, Mat4{}, Mat3{}, Vec3{})));
+}
+
+TEST(ViewAlongAxis, KeepsTheDistanceOfAnyEyeFromAnyTarget) {
+    Random random(121);
+    for (int n = 0; n < 200; ++n) {
+        const View before = randomView(random, 5.0);
+        const Vec3 target = random.vector(5.0);
+        const Vec3 axis = random.direction();
+        View view = before;
+        view.setViewAlongWorldAxis(target, axis * random.magnitude(0.01, 100.0), random.direction());
+        EXPECT_NEAR(length(view.eye() - target), length(before.eye() - target), 10 * steps * epsilon);
+        EXPECT_TRUE(near(view.direction(), axis, 1000 * epsilon)); // an eye as near as 0.1 loses digits
+        EXPECT_TRUE(consistent(view));
+    }
+}
+
+/// Looks along z at the origin from an eye on x, which then looked away from it.
+View fromNextTo(double x) {
+    View view({x, 0, 0}, {9, 0, 0}, {0, 1, 0});
+    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1}, {0, 1, 0});
+    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+    return view;
+}
+
+TEST(ViewAlongAxis, FromTheTargetOrAtMostTheToleranceBesideItStaysThere) {
+    EXPECT_EQ(fromNextTo(0).eye(), Vec3{});
+    EXPECT_EQ(fromNextTo(1e-7).eye(), (Vec3{1e-7, 0, 0}));
+    EXPECT_TRUE(near(fromNextTo(1.001e-7).eye(), {0, 0, -1.001e-7}, 1e-22));
+}
+
+TEST(ViewAlongAxis, WithATargetOfNaNLooksFromWhereTheEyeIs) {
+    View view({1, 2, 3}, {0, 0, 0}, {0, 1, 0});
+    view.setViewAlongWorldAxis({nan, 0, 0}, {0, 0, 1}, {0, 1, 0});
+    EXPECT_EQ(view.eye(), (Vec3{1, 2, 3}));
+    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+}
+
+/// someView() along an axis at the origin.
+View along(const Vec3& axis, const Vec3& up) {
+    View view = someView();
+    view.setViewAlongWorldAxis({0, 0, 0}, axis, up);
+    return view;
+}
+
+TEST(ViewAlongAxis, OfAtMostTheToleranceChangesNothing) {
+    EXPECT_TRUE(same(along({0, 0, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 0, 1e-7}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(near(along({0, 0, 1.001e-7}, {0, 1, 0}).direction(), {0, 0, 1}, 4 * epsilon));
+}
+
+TEST(ViewAlongAxis, WithUpZeroOrAlongTheAxisChangesNothing) {
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 0, 0}), someView()));
+}
+
+TEST(ViewAlongAxis, OfNaNIsTaken) {
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).direction()));
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).eye()));
 }
 
 } // namespace

@@ -61,11 +61,16 @@ TEST(ViewMatrix, OfNaNIsTaken) {
     EXPECT_TRUE(isNaN(view.eye()));
 }
 
-TEST(ViewMatrix, MayBeTheViewsOwn) {
-    View view = someView();
+TEST(ViewMatrices, MayBeTheViewsOwn) {
+    const View before = someView();
+    View view = before;
     view.setViewMatrix(view.viewMatrix());
-    EXPECT_TRUE(near(view.rotation(), someView().rotation(), 16 * epsilon));
-    EXPECT_EQ(view.viewMatrix(), someView().viewMatrix());
+    EXPECT_TRUE(near(view.rotation(), before.rotation(), 16 * epsilon));
+    EXPECT_EQ(view.viewMatrix(), before.viewMatrix());
+    view = before;
+    view.setViewTransformMatrix(view.viewMatrix());
+    EXPECT_EQ(view.viewTransformMatrix(), before.viewMatrix());
+    EXPECT_TRUE(near(view.rotation(), transposed(before.rotation()), 16 * epsilon));
 }
 
 TEST(ViewTransformMatrix, GivenWholeMakesEyeAndViewMatrix) {
@@ -76,7 +81,7 @@ TEST(ViewTransformMatrix, GivenWholeMakesEyeAndViewMatrix) {
     EXPECT_TRUE(near(view.viewMatrix(), fromXMatrix, 0.0));
 }
 
-// Required: the rotation comes from the view matrix as it was, and is not transposed.
+// Saved cameras depend on it: the rotation comes from the view matrix as it was, and is not transposed.
 TEST(ViewTransformMatrix, LeavesTheTransposedRotationOfThePreviousPlacement) {
     const View before = someView();
     View view = before;

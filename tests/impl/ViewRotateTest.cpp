@@ -26,13 +26,6 @@ View rotated(View view, const Vec3& pivot, const Vec3& axis, double angle, doubl
 /// fromZ() about the world's y through the origin, where it looks.
 View turntable(double angle, double tilt) { return rotated(fromZ(), origin, worldY, angle, tilt); }
 
-TEST(RotateAboutAxis, CarriesEyeAndViewAroundThePivot) {
-    const View view = turntable(pi / 2.0, 0.0);
-    EXPECT_TRUE(near(view.eye(), {5, 0, 0}, steps * epsilon));
-    EXPECT_TRUE(near(view.direction(), {-1, 0, 0}, steps * epsilon));
-    EXPECT_TRUE(near(view.yAxis(), {0, 1, 0}, steps * epsilon));
-}
-
 TEST(RotateAboutAxis, TiltsAwayFromTheAxisByAPositiveAngleAndTurnsThen) {
     const double half = 5.0 * std::sqrt(0.5);
     EXPECT_TRUE(near(turntable(0.0, pi / 4.0).eye(), {0, -half, half}, steps * epsilon));
@@ -42,19 +35,6 @@ TEST(RotateAboutAxis, TiltsAwayFromTheAxisByAPositiveAngleAndTurnsThen) {
 
 TEST(RotateAboutAxis, NeedsNoAxisOfLengthOne) {
     EXPECT_TRUE(same(rotated(fromZ(), origin, {0, 8, 0}, 0.3, 0.2), turntable(0.3, 0.2)));
-}
-
-TEST(RotateAboutAxis, KeepsThePivotWhereItIsInTheView) {
-    Random random(131);
-    for (int n = 0; n < 300; ++n) {
-        const View before = randomView(random, 5.0);
-        const Vec3 pivot = random.vector(5.0);
-        View view = before;
-        view.rotateAboutAxis(pivot, random.direction(), random.between(-3, 3), random.between(-3, 3),
-                             n % 2 == 0 ? View::PoleLimit::on : View::PoleLimit::off);
-        EXPECT_TRUE(near(view.worldToViewPoint(pivot), before.worldToViewPoint(pivot), 20 * steps * epsilon));
-        EXPECT_TRUE(consistent(view));
-    }
 }
 
 TEST(RotateAboutAxis, TurnsAsRodriguesSays) {
@@ -69,6 +49,7 @@ TEST(RotateAboutAxis, TurnsAsRodriguesSays) {
         EXPECT_TRUE(near(view.eye(), pivot + turned(before.eye() - pivot, axis, angle), 20 * steps * epsilon));
         EXPECT_TRUE(near(view.direction(), turned(before.direction(), axis, angle), 20 * steps * epsilon));
         EXPECT_TRUE(near(view.yAxis(), turned(before.yAxis(), axis, angle), 20 * steps * epsilon));
+        EXPECT_TRUE(consistent(view));
     }
 }
 
