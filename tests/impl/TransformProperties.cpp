@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "impl/PlanarCamera.h"
 #include "impl/SpaceTransforms.h"
 #include "tests/impl/RandomCameras.h"

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "impl/View.h"
 #include "tests/impl/CameraTesting.h"
 
