@@ -58,7 +58,7 @@ TEST(FitProperties, AllEightCornersAreInsideTheFrustumAroundItsMiddle) {
         EXPECT_NEAR(middle.deviceX, 0.0, rounding);
         EXPECT_NEAR(middle.deviceY, 0.0, rounding);
         EXPECT_NEAR(camera.projection().aspectRatio() / random.camera.projection().aspectRatio(), 1.0, 16 * epsilon);
-        EXPECT_EQ(camera.projection().type(), random.camera.projection().type());
+        EXPECT_EQ(camera.projection().isOrthographic(), random.camera.projection().isOrthographic());
         EXPECT_EQ(camera.view().rotation(), random.camera.view().rotation());
         EXPECT_TRUE(consistent(camera.view()));
         EXPECT_TRUE(same(camera.surface(), random.camera.surface()));
@@ -111,7 +111,7 @@ TEST(SwitchProperties, TwiceReturnsTheFrustum) {
         EXPECT_TRUE(same(camera.view(), random.camera.view()));
         EXPECT_TRUE(same(camera.surface(), random.camera.surface()));
         camera.switchProjectionType(box);
-        EXPECT_EQ(camera.projection().type(), random.camera.projection().type());
+        EXPECT_EQ(camera.projection().isOrthographic(), random.camera.projection().isOrthographic());
         const Frustum& frustum = random.camera.projection().frustum();
         const double size =
             std::abs(frustum.left) + std::abs(frustum.right) + std::abs(frustum.bottom) + std::abs(frustum.top);

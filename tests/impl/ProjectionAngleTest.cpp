@@ -127,7 +127,7 @@ TEST(SetFoV, GivesBothAnglesAboutTheirCentres) {
     Projection projection = perspective({-1, 1, 0.5, 1.5, 1, 3});
     projection.setFoV(pi / 2.0, pi / 6.0);
     EXPECT_TRUE(near(projection.frustum(), Frustum{-1, 1, std::tan(pi / 6.0), std::tan(pi / 3.0), 1, 3}, 8 * epsilon));
-    EXPECT_EQ(projection.type(), 0);
+    EXPECT_FALSE(projection.isOrthographic());
     EXPECT_NEAR(projection.horizontalFoV(), pi / 2.0, 16 * epsilon);
     EXPECT_NEAR(projection.verticalFoV(), pi / 6.0, 16 * epsilon);
 }

@@ -160,7 +160,7 @@ TEST(SetProjectionMatrix, StoresTheMatrixAndKeepsTheInverse) {
     projection.setProjectionMatrix(matrix, true);
     EXPECT_EQ(projection.matrix(), matrix);
     EXPECT_EQ(projection.inverse(), perspective.inverse());
-    EXPECT_EQ(projection.type(), 1);
+    EXPECT_TRUE(projection.isOrthographic());
 }
 
 // Saved cameras depend on it: the frustum is that of the previous projection, with near and far of view space's sign.
@@ -170,10 +170,10 @@ TEST(SetProjectionMatrix, DerivesTheFrustumFromThePreviousProjectionEachTime) {
         projection.setProjectionMatrix(Mat4{}, false);
         const Frustum first = projection.frustum();
         EXPECT_TRUE(near(first, Frustum{-1, 3, -2, 6, -2, -10}, 32 * epsilon));
-        EXPECT_EQ(projection.type(), 0);
+        EXPECT_FALSE(projection.isOrthographic());
         projection.setProjectionMatrix(math::makeOrtho({-5, 5, -5, 5, 1, 2}), true);
         EXPECT_EQ(projection.frustum(), first);
-        EXPECT_EQ(projection.type(), 1);
+        EXPECT_TRUE(projection.isOrthographic());
     }
 }
 

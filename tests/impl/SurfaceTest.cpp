@@ -56,6 +56,8 @@ TEST(Surface, UpdateRejectsWhatIsOutOfRange) {
 TEST(Surface, RejectsAResolutionOfZero) {
     EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.update(part, 0, 600); }));
     EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.update(part, 800, 0); }));
+    EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.setResolution(0, 600); }));
+    EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.setResolution(800, 0); }));
     EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.setResolutionX(0); }));
     EXPECT_TRUE(unchanged(Surface(), [](Surface& surface) { surface.setResolutionY(0); }));
 }
