@@ -5,12 +5,10 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cmath>
-#include <cstddef>
 #include <cstdint>
-#include <string>
+#include <iterator>
 
+#include "impl/Blob.h"
 #include "impl/PlanarCamera.h"
 #include "impl/Projection.h"
 #include "impl/Surface.h"
@@ -22,90 +20,69 @@
 
 namespace qel::api::camera::test {
 
-/// Whether the numbers are the same to the last bit, the sign of a zero and the payload of a NaN included.
-template <std::size_t Count>
-[[nodiscard]] bool sameBits(const std::array<double, Count>& a, const std::array<double, Count>& b) {
-    for (std::size_t i = 0; i < Count; ++i) {
-        if (std::bit_cast<std::uint64_t>(a[i]) != std::bit_cast<std::uint64_t>(b[i])) {
-            return false;
-        }
-    }
-    return true;
+/// Aligned as the storage of a string is, since the numbers are read where they stand.
+template <class Object>
+struct alignas(8) Blob : std::array<char, impl::blobSize<Object>> {};
+
+template <class Object>
+[[nodiscard]] Blob<Object> blobOf(const Object& object) {
+    Blob<Object> blob;
+    object.writeTo(blob);
+    return blob;
 }
 
-[[nodiscard]] inline std::array<double, 3> numbers(const math::Vec3& v) { return {v.x, v.y, v.z}; }
+/// The object whose block holds just these members, consistent or not: what a forged blob makes.
+template <class Object, class... Members>
+[[nodiscard]] Object forged(const Members&... members) {
+    static_assert((sizeof(Members) + ...) == sizeof(typename Object::Block));
+    Blob<Object> blob;
+    impl::BlobWriter out(blob.data());
+    (out.put(members), ...);
+    return Object(blob);
+}
+
+[[nodiscard]] inline impl::Projection forgedProjection(std::int32_t type, const math::Frustum& frustum) {
+    return forged<impl::Projection>(math::Mat4{}, math::Mat4{}, impl::Projection::Block::Type{type}, frustum);
+}
+
+[[nodiscard]] inline impl::Surface forgedSurface(std::uint32_t resolutionX, std::uint32_t resolutionY) {
+    return forged<impl::Surface>(math::Viewport{}, math::Mat4{}, math::Mat4{}, resolutionX, resolutionY);
+}
+
+[[nodiscard]] inline impl::PlanarCamera cameraOf(const impl::View& view, const impl::Projection& projection,
+                                                 const impl::Surface& surface) {
+    return {blobOf(view), blobOf(projection), blobOf(surface)};
+}
+
+/// Whether the objects are the same to the last bit, kind words and the sign of a zero included: what "unchanged"
+/// means.
+template <class Object>
+[[nodiscard]] ::testing::AssertionResult same(const Object& a, const Object& b) {
+    const Blob<Object> first = blobOf(a);
+    const Blob<Object> second = blobOf(b);
+    const auto difference = std::mismatch(first.begin(), first.end(), second.begin()).first - first.begin();
+    if (difference == std::ssize(first)) {
+        return ::testing::AssertionSuccess();
+    }
+    return ::testing::AssertionFailure() << "the blobs differ from byte " << difference << " on";
+}
+
+/// An object after an operation on a copy of it.
+template <class Object, class Operation>
+[[nodiscard]] Object after(Object object, Operation operation) {
+    operation(object);
+    return object;
+}
+
+/// Whether an operation leaves every bit of an object as it is.
+template <class Object, class Operation>
+[[nodiscard]] ::testing::AssertionResult unchanged(const Object& before, Operation operation) {
+    return same(after(before, operation), before);
+}
+
 [[nodiscard]] inline std::array<double, 6> numbers(const math::Frustum& frustum) {
     const auto& [l, r, b, t, n, f] = frustum;
     return {l, r, b, t, n, f};
-}
-[[nodiscard]] inline std::array<double, 6> numbers(const math::Viewport& viewport) {
-    const auto& [x, y, w, h, depthMin, depthMax] = viewport;
-    return {x, y, w, h, depthMin, depthMax};
-}
-
-template <std::size_t Size>
-[[nodiscard]] bool sameMatrix(const math::BasicMatrix<double, Size, Size>& a,
-                              const math::BasicMatrix<double, Size, Size>& b) {
-    return sameBits(a.mElements, b.mElements) && a.mKind == b.mKind;
-}
-
-/// Nothing when all parts agree, otherwise the names of those that do not.
-class Differences {
-public:
-    void note(bool same, const char* part) {
-        if (!same) {
-            mParts += std::string(mParts.empty() ? "" : ", ") + part;
-        }
-    }
-    [[nodiscard]] ::testing::AssertionResult result() const {
-        if (mParts.empty()) {
-            return ::testing::AssertionSuccess();
-        }
-        return ::testing::AssertionFailure() << "these parts differ: " << mParts;
-    }
-
-private:
-    std::string mParts;
-};
-
-// Whether every part is the same to the last bit, kind words included: what "unchanged" means.
-
-[[nodiscard]] inline ::testing::AssertionResult same(const impl::View& a, const impl::View& b) {
-    Differences differences;
-    differences.note(sameMatrix(a.viewTransformMatrix(), b.viewTransformMatrix()), "view transform matrix");
-    differences.note(sameMatrix(a.viewMatrix(), b.viewMatrix()), "view matrix");
-    differences.note(sameMatrix(a.rotation(), b.rotation()), "rotation");
-    differences.note(sameBits(numbers(a.eye()), numbers(b.eye())), "eye");
-    return differences.result();
-}
-
-[[nodiscard]] inline ::testing::AssertionResult same(const impl::Projection& a, const impl::Projection& b) {
-    Differences differences;
-    differences.note(sameMatrix(a.matrix(), b.matrix()), "projection matrix");
-    differences.note(sameMatrix(a.inverse(), b.inverse()), "inverse projection matrix");
-    differences.note(a.type() == b.type(), "projection type");
-    differences.note(sameBits(numbers(a.frustum()), numbers(b.frustum())), "frustum");
-    return differences.result();
-}
-
-[[nodiscard]] inline ::testing::AssertionResult same(const impl::Surface& a, const impl::Surface& b) {
-    Differences differences;
-    differences.note(sameBits(numbers(a.viewport()), numbers(b.viewport())), "viewport");
-    differences.note(sameMatrix(a.matrix(), b.matrix()), "viewport matrix");
-    differences.note(sameMatrix(a.inverse(), b.inverse()), "inverse viewport matrix");
-    differences.note(a.resolutionX() == b.resolutionX(), "resolution x");
-    differences.note(a.resolutionY() == b.resolutionY(), "resolution y");
-    return differences.result();
-}
-
-[[nodiscard]] inline ::testing::AssertionResult same(const impl::PlanarCamera& a, const impl::PlanarCamera& b) {
-    if (auto result = same(a.view(), b.view()); !result) {
-        return result;
-    }
-    if (auto result = same(a.projection(), b.projection()); !result) {
-        return result;
-    }
-    return same(a.surface(), b.surface());
 }
 
 /// Every step rounds a few times; numbers of the size of the eye's coordinates go in.
@@ -132,26 +109,6 @@ inline constexpr double steps = 64.0;
            << "\nthe view matrix is not the inverse of the view transform matrix";
 }
 
-template <std::size_t Count>
-[[nodiscard]] bool isFinite(const std::array<double, Count>& values) {
-    return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
-}
-[[nodiscard]] inline bool isFinite(const impl::View& view) {
-    return isFinite(view.viewTransformMatrix().mElements) && isFinite(view.viewMatrix().mElements) &&
-           isFinite(view.rotation().mElements) && isFinite(numbers(view.eye()));
-}
-[[nodiscard]] inline bool isFinite(const impl::Projection& projection) {
-    return isFinite(projection.matrix().mElements) && isFinite(projection.inverse().mElements) &&
-           isFinite(numbers(projection.frustum()));
-}
-[[nodiscard]] inline bool isFinite(const impl::Surface& surface) {
-    return isFinite(surface.matrix().mElements) && isFinite(surface.inverse().mElements) &&
-           isFinite(numbers(surface.viewport()));
-}
-[[nodiscard]] inline bool isFinite(const impl::PlanarCamera& camera) {
-    return isFinite(camera.view()) && isFinite(camera.projection()) && isFinite(camera.surface());
-}
-
 /// The kind words of view transform matrix, view matrix and rotation.
 using Kinds = std::array<std::uint32_t, 3>;
 
@@ -160,7 +117,7 @@ using Kinds = std::array<std::uint32_t, 3>;
             static_cast<std::uint32_t>(view.viewMatrix().mKind), static_cast<std::uint32_t>(view.rotation().mKind)};
 }
 
-/// The view with other kind words, as a forged or an old image may hold them.
+/// The view with other kind words, as a forged or an old blob may hold them.
 [[nodiscard]] inline impl::View withKinds(const impl::View& view, const Kinds& words) {
     math::Mat4 viewTransformMatrix = view.viewTransformMatrix();
     math::Mat4 viewMatrix = view.viewMatrix();
@@ -168,7 +125,7 @@ using Kinds = std::array<std::uint32_t, 3>;
     viewTransformMatrix.mKind = math::MatrixKind{words[0]};
     viewMatrix.mKind = math::MatrixKind{words[1]};
     rotation.mKind = math::MatrixKind{words[2]};
-    return {viewTransformMatrix, viewMatrix, rotation, view.eye()};
+    return forged<impl::View>(viewTransformMatrix, viewMatrix, rotation, view.eye());
 }
 
 /// A view that stands anywhere and is turned in no special way.
@@ -195,18 +152,19 @@ using Kinds = std::array<std::uint32_t, 3>;
 
 /// Orthographic, one unit of view space to a pixel of 512 by 512, all steps exact: view (x, y) is at pixel (x, y).
 [[nodiscard]] inline impl::PlanarCamera pixelCamera() {
-    return {impl::View{}, projectionOf({0, 512, 0, 512, 1, 3}, true), surfaceOf({}, 512, 512)};
+    return cameraOf(impl::View(), projectionOf({0, 512, 0, 512, 1, 3}, true), surfaceOf({}, 512, 512));
 }
 
 /// Perspective, a right angle wide and high, 512 by 512 pixels, five ahead of the origin and looking at it.
 [[nodiscard]] inline impl::PlanarCamera squareCamera() {
-    return {{{0, 0, 5}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, false), surfaceOf({}, 512, 512)};
+    return cameraOf({{0, 0, 5}, {0, 0, 0}, {0, 1, 0}}, projectionOf({-1, 1, -1, 1, 1, 9}, false),
+                    surfaceOf({}, 512, 512));
 }
 
 /// Nothing about it is round, centred or aligned.
 [[nodiscard]] inline impl::PlanarCamera someCamera(bool orthographic) {
-    return {someView(), projectionOf({-0.3, 0.5, -0.25, 0.4, 0.7, 90}, orthographic),
-            surfaceOf({0.1, 0.2, 0.7, 0.6, 0, 1}, 800, 600)};
+    return cameraOf(someView(), projectionOf({-0.3, 0.5, -0.25, 0.4, 0.7, 90}, orthographic),
+                    surfaceOf({0.1, 0.2, 0.7, 0.6, 0, 1}, 800, 600));
 }
 
 } // namespace qel::api::camera::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 #include "impl/PlanarCamera.h"
@@ -18,7 +19,7 @@ constexpr bool bothTypes[] = {false, true};
 
 /// Stands at the origin and looks along -z, so that world and view coordinates agree.
 PlanarCamera atOrigin(double aspect, bool orthographic) {
-    return {impl::View(), projectionOf({-aspect, aspect, -1, 1, 1, 100}, orthographic), impl::Surface()};
+    return cameraOf(impl::View(), projectionOf({-aspect, aspect, -1, 1, 1, 100}, orthographic), impl::Surface());
 }
 
 const double root2 = std::sqrt(2.0);
@@ -28,21 +29,15 @@ const double cotangent = 1.0 + root2;
 const double squareDistance = root2 * cotangent;
 const Box square{{-1, -1, -5}, {1, 1, -5}};
 
-TEST(Fit, OfAFlatSquareInOrthographicHasItsExtents) {
-    PlanarCamera camera = atOrigin(1.0, true);
-    camera.fitViewSpaceBoundingBox(square);
-    EXPECT_TRUE(near(camera.projection().frustum(), Frustum{-1, 1, -1, 1, squareDistance, squareDistance + 2 * root2},
-                     16 * epsilon));
-    EXPECT_TRUE(camera.projection().isOrthographic());
-}
-
-TEST(Fit, OfAFlatSquareInPerspectiveProjectsItsFrontOnNear) {
-    PlanarCamera camera = atOrigin(1.0, false);
-    camera.fitViewSpaceBoundingBox(square);
-    const double half = squareDistance / (root2 + squareDistance);
-    EXPECT_TRUE(near(camera.projection().frustum(),
-                     Frustum{-half, half, -half, half, squareDistance, squareDistance + 2 * root2}, 16 * epsilon));
-    EXPECT_FALSE(camera.projection().isOrthographic());
+TEST(Fit, OfAFlatSquareHasItsExtentsInOrthographicAndProjectsItOnNearInPerspective) {
+    for (const bool orthographic : bothTypes) {
+        PlanarCamera camera = atOrigin(1.0, orthographic);
+        camera.fitViewSpaceBoundingBox(square);
+        const double half = orthographic ? 1.0 : squareDistance / (root2 + squareDistance);
+        EXPECT_TRUE(near(camera.projection().frustum(),
+                         Frustum{-half, half, -half, half, squareDistance, squareDistance + 2 * root2}, 16 * epsilon));
+        EXPECT_EQ(camera.projection().isOrthographic(), orthographic);
+    }
 }
 
 TEST(Fit, PutsTheCentreOnTheAxisHalfADiagonalBeyondNear) {
@@ -64,47 +59,24 @@ TEST(Fit, OfADeepBoxCountsItsDepthForTheDistanceOfItsFront) {
                      Frustum{-3 * scale, 3 * scale, -scale, scale, distance, distance + 7}, 64 * epsilon));
 }
 
-TEST(Fit, OfAWideBoxWidensTheHeightToTheAspectRatio) {
-    PlanarCamera camera = atOrigin(2.0, true);
-    camera.fitViewSpaceBoundingBox({{-6, -1, -5}, {6, 1, -5}});
-    EXPECT_EQ(camera.projection().frustum().top, 3.0);
-    EXPECT_EQ(camera.projection().frustum().right, 6.0);
-}
-
-TEST(Fit, OfATallBoxWidensTheWidthToTheAspectRatio) {
-    PlanarCamera camera = atOrigin(2.0, true);
-    camera.fitViewSpaceBoundingBox({{-1, -6, -5}, {1, 6, -5}});
-    EXPECT_EQ(camera.projection().frustum().right, 12.0);
-    EXPECT_EQ(camera.projection().frustum().top, 6.0);
-}
-
-TEST(Fit, InAPortraitWindowFillsItsWidth) {
-    PlanarCamera camera = atOrigin(0.5, true);
-    camera.fitViewSpaceBoundingBox(square);
-    EXPECT_EQ(camera.projection().frustum().right, 1.0);
-    EXPECT_EQ(camera.projection().frustum().top, 2.0);
-}
-
-TEST(Fit, CentresAnOffCentreFrustumAndKeepsItsAspectRatio) {
-    PlanarCamera camera(impl::View(), projectionOf({1, 5, 2, 4, 1, 100}, true), impl::Surface());
-    camera.fitViewSpaceBoundingBox(square);
-    EXPECT_EQ(camera.projection().frustum().left, -2.0);
-    EXPECT_EQ(camera.projection().frustum().right, 2.0);
-    EXPECT_EQ(camera.projection().frustum().bottom, -1.0);
-}
-
-TEST(Fit, KeepsRotationAndSurface) {
-    PlanarCamera camera = someCamera(false);
-    camera.fitWorldSpaceBoundingBox({{-1, 2, -3}, {4, 5, 6}});
-    EXPECT_EQ(camera.view().rotation(), someCamera(false).view().rotation());
-    EXPECT_TRUE(same(camera.surface(), someCamera(false).surface()));
-    EXPECT_TRUE(consistent(camera.view()));
+TEST(Fit, WidensTheOtherDirectionToTheAspectRatioAndCentresTheFrustum) {
+    const auto fitted = [](const Frustum& frustum, const Box& box) {
+        PlanarCamera camera = cameraOf(impl::View(), projectionOf(frustum, true), impl::Surface());
+        camera.fitViewSpaceBoundingBox(box);
+        const auto& [l, r, b, t, n, f] = camera.projection().frustum();
+        return std::array{l, r, b, t};
+    };
+    const Frustum wide{-2, 2, -1, 1, 1, 100};
+    EXPECT_EQ(fitted(wide, {{-6, -1, -5}, {6, 1, -5}}), (std::array{-6.0, 6.0, -3.0, 3.0}));
+    EXPECT_EQ(fitted(wide, {{-1, -6, -5}, {1, 6, -5}}), (std::array{-12.0, 12.0, -6.0, 6.0}));
+    EXPECT_EQ(fitted({-1, 1, -2, 2, 1, 100}, square), (std::array{-1.0, 1.0, -2.0, 2.0})) << "a portrait window";
+    EXPECT_EQ(fitted({1, 5, 2, 4, 1, 100}, square), (std::array{-2.0, 2.0, -1.0, 1.0})) << "off-centre before";
 }
 
 TEST(Fit, OfAWorldBoxTakesItsExtentsInTheView) {
     // From +x with z up: the world's y is to the right, z up, and x towards the eye.
-    PlanarCamera camera({{50, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf({-1, 1, -1, 1, 1, 100}, true),
-                        impl::Surface());
+    PlanarCamera camera =
+        cameraOf({{50, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf({-1, 1, -1, 1, 1, 100}, true), impl::Surface());
     camera.fitWorldSpaceBoundingBox({{-1, -2, -3}, {1, 2, 3}});
     EXPECT_EQ(camera.projection().frustum().top, 3.0);
     const double distance = std::sqrt(52.0) / 2.0 * cotangent;
@@ -121,22 +93,16 @@ TEST(Fit, TakesTheCornersOfAWorldBoxInAnyOrder) {
     }
 }
 
-TEST(Fit, OfIdenticalCornersChangesNothing) {
-    PlanarCamera camera = someCamera(false);
-    camera.fitWorldSpaceBoundingBox({{1, 2, 3}, {1, 2, 3}});
-    camera.fitViewSpaceBoundingBox({{1, 2, -3}, {1, 2, -3}});
-    EXPECT_TRUE(same(camera, someCamera(false)));
-}
-
 TEST(Fit, OfABoxUpToTheToleranceChangesNothing) {
-    PlanarCamera camera = someCamera(false);
-    camera.fitWorldSpaceBoundingBox({{0, 0, 0}, {0, 1e-7, 0}});
-    camera.fitViewSpaceBoundingBox({{0, 0, 0}, {1e-7, 0, 0}});
-    EXPECT_TRUE(same(camera, someCamera(false)));
-}
-
-TEST(Fit, OfABoxBeyondTheToleranceFits) {
+    const Vec3 corner{1, 2, 3};
+    for (const double length : {0.0, 0.9e-7}) {
+        const Box box{corner, corner + Vec3{0, length, 0}};
+        EXPECT_TRUE(unchanged(someCamera(false), [&](PlanarCamera& camera) { camera.fitWorldSpaceBoundingBox(box); }));
+        EXPECT_TRUE(unchanged(someCamera(false), [&](PlanarCamera& camera) { camera.fitViewSpaceBoundingBox(box); }));
+    }
     PlanarCamera camera = atOrigin(1.0, true);
+    camera.fitViewSpaceBoundingBox({{0, 0, 0}, {1e-7, 0, 0}});
+    EXPECT_TRUE(same(camera, atOrigin(1.0, true)));
     camera.fitViewSpaceBoundingBox({{0, 0, 0}, {1.001e-7, 0, 0}});
     EXPECT_DOUBLE_EQ(camera.projection().frustum().right, 1.001e-7 / 2);
 }
@@ -191,6 +157,67 @@ TEST(Fit, OfAWorldBoxOfNothingButNaNUsesTheStartingValues) {
     expected.fitViewSpaceBoundingBox({{largest, largest, largest}, {-largest, -largest, -largest}});
     EXPECT_TRUE(same(camera, expected));
     EXPECT_GT(camera.view().eye().z, 1e38);
+}
+
+const Frustum offCentre{-1, 3, -2, 6, 2, 10};
+
+PlanarCamera atOrigin(bool orthographic) {
+    return cameraOf(impl::View(), projectionOf(offCentre, orthographic), impl::Surface());
+}
+
+PlanarCamera switched(PlanarCamera camera, const Box& box) {
+    camera.switchProjectionType(box);
+    return camera;
+}
+
+/// Its centre at the given depth, positive ahead of the eye.
+Box centredAt(double depth) { return {{0, 0, -depth + 1}, {1, 1, -depth - 1}}; }
+
+TEST(SwitchProjection, KeepsTheHeightAtTheCentreOfTheBox) {
+    // Four times as far as near, so four times as large.
+    EXPECT_TRUE(
+        same(switched(atOrigin(false), centredAt(8.0)).projection(), projectionOf({-4, 12, -8, 24, 2, 10}, true)));
+    EXPECT_TRUE(same(switched(atOrigin(true), centredAt(8.0)).projection(),
+                     projectionOf({-0.25, 0.75, -0.5, 1.5, 2, 10}, false)));
+}
+
+TEST(SwitchProjection, TakesTheMiddleOfTheViewBoxNotOfTheCorners) {
+    // Seen from +x, the corners' x are the depths; the eye is at 10.
+    PlanarCamera camera = cameraOf({{10, 0, 0}, {0, 0, 0}, {0, 0, 1}}, projectionOf(offCentre, false), impl::Surface());
+    camera.switchProjectionType({{1, 7, 9}, {3, 8, 8}});
+    EXPECT_DOUBLE_EQ(camera.projection().frustum().right, 3.0 * 8.0 / 2.0);
+}
+
+TEST(SwitchProjection, OfACentreBehindTheEyeChangesNothingUpToNearAndKeepsTheSidesBeyond) {
+    for (const bool orthographic : bothTypes) {
+        EXPECT_TRUE(same(switched(atOrigin(orthographic), centredAt(-3.0)).projection(),
+                         projectionOf(offCentre, !orthographic)));
+        for (const double depth : {-2.0, -1.0, -1e-9, 0.0}) {
+            EXPECT_TRUE(same(switched(atOrigin(orthographic), centredAt(depth)), atOrigin(orthographic))) << depth;
+        }
+    }
+}
+
+TEST(SwitchProjection, OfACentreJustAheadOfTheEyeSwitches) {
+    const PlanarCamera camera = switched(atOrigin(false), {{0, 0, -1e-5}, {1, 1, -1e-5}});
+    EXPECT_TRUE(camera.projection().isOrthographic());
+    EXPECT_DOUBLE_EQ(camera.projection().frustum().right, 3.0 * 1e-5 / 2.0);
+}
+
+TEST(SwitchProjection, OfABoxUpToTheToleranceChangesNothing) {
+    EXPECT_TRUE(same(switched(atOrigin(false), {{1, 2, -8}, {1, 2, -8}}), atOrigin(false)));
+    EXPECT_TRUE(same(switched(atOrigin(false), {{0, 0, -8}, {1e-7, 0, -8}}), atOrigin(false)));
+    EXPECT_TRUE(switched(atOrigin(false), {{0, 0, -8}, {1.001e-7, 0, -8}}).projection().isOrthographic());
+}
+
+TEST(SwitchProjection, OfABoxOfNothingButNaNUsesTheStartingValues) {
+    // No corner counts; the middle between plus and minus the largest float is 0, which is in the plane of the eye.
+    EXPECT_TRUE(same(switched(atOrigin(false), {{nan, nan, nan}, {nan, nan, nan}}), atOrigin(false)));
+}
+
+TEST(SwitchProjection, CountsAForgedTypeAsPerspectiveAndSettlesIt) {
+    const PlanarCamera forged = cameraOf(impl::View(), forgedProjection(7, offCentre), impl::Surface());
+    EXPECT_TRUE(same(switched(forged, centredAt(8.0)), switched(atOrigin(false), centredAt(8.0))));
 }
 
 } // namespace

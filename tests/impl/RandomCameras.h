@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <string>
 
 #include "impl/PlanarCamera.h"
+#include "impl/SpaceTransforms.h"
 #include "tests/impl/CameraTesting.h"
 #include "tests/math/Near.h"
 
@@ -54,7 +54,7 @@ struct CameraClass {
     const double shiftY = wanted.offCentre ? halfHeight * random.between(-1.5, 1.5) : 0.0;
     const math::Frustum frustum{shiftX - halfWidth,  shiftX + halfWidth, shiftY - halfHeight,
                                 shiftY + halfHeight, nearDist,           scale * random.magnitude(10.0, 100.0)};
-    return {{view, projectionOf(frustum, wanted.orthographic), surface}, scale, target};
+    return {cameraOf(view, projectionOf(frustum, wanted.orthographic), surface), scale, target};
 }
 
 /// Calls body(RandomCamera, Random&) for cameras of every class: perspective and orthographic, centred and not;
@@ -118,6 +118,10 @@ struct Seen {
             number((vx + vw * (x + 1.0L) / 2.0L) * camera.surface().resolutionX()),
             number((vy + vh * (y + 1.0L) / 2.0L) * camera.surface().resolutionY()),
             number(depthMin + (Real(depthMax) - depthMin) * (z + 1.0L) / 2.0L)};
+}
+
+[[nodiscard]] inline math::Vec3 screenToWorld(const impl::PlanarCamera& camera, const impl::ScreenPoint& point) {
+    return viewPointToWorld(camera, screenToView(camera, point));
 }
 
 /// A pixel in the viewport, and a depth in the viewport's range: any depth as often as any other, or any distance.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "impl/PlanarCamera.h"
 #include "impl/SpaceTransforms.h"
 #include "tests/impl/RandomCameras.h"
@@ -13,29 +11,25 @@ namespace {
 using namespace impl;
 using math::Vec3;
 
-TEST(TransformProperties, ScreenToViewToScreenReturnsThePixel) {
-    forRandomCameras(41000, [&](const RandomCamera& random, Random& numbers) {
-        for (int n = 0; n < 10; ++n) {
-            const ScreenPoint point = randomScreenPoint(numbers, random.camera);
-            const Vec3 back = viewToScreen(random.camera, screenToView(random.camera, point));
-            EXPECT_EQ(back.x, point.x);
-            EXPECT_EQ(back.y, point.y);
-            EXPECT_NEAR(back.z, point.depth, 1e-12);
-        }
-    });
-}
-
-TEST(TransformProperties, ScreenToWorldToScreenReturnsThePixel) {
+TEST(TransformProperties, ThroughViewAndWorldAPixelReturnsWithinTheWindowAndOutside) {
     forRandomCameras(42000, [&](const RandomCamera& random, Random& numbers) {
         for (int n = 0; n < 10; ++n) {
-            const ScreenPoint point = randomScreenPoint(numbers, random.camera);
+            ScreenPoint point = randomScreenPoint(numbers, random.camera);
+            point.x += n == 0 ? -10000 : 0;
+            point.y += n == 0 ? 10000 : 0;
+            const Vec3 inView = viewToScreen(random.camera, screenToView(random.camera, point));
+            EXPECT_EQ(inView.x, point.x);
+            EXPECT_EQ(inView.y, point.y);
+            EXPECT_NEAR(inView.z, point.depth, 1e-12);
             const Vec3 world = screenToWorld(random.camera, point);
             const Vec3 back = worldToScreen(random.camera, world);
             EXPECT_EQ(back.x, point.x);
             EXPECT_EQ(back.y, point.y);
             EXPECT_NEAR(back.z, point.depth, 1e-10); // the eye's coordinates are 400 near distances at most
-            EXPECT_NEAR(seen(random.camera, world).pixelX, point.x, pixelTolerance);
-            EXPECT_NEAR(seen(random.camera, world).pixelY, point.y, pixelTolerance);
+            const Seen secondMethod = seen(random.camera, world);
+            EXPECT_NEAR(secondMethod.pixelX, point.x, 10 * pixelTolerance);
+            EXPECT_NEAR(secondMethod.pixelY, point.y, 10 * pixelTolerance);
+            EXPECT_NEAR(secondMethod.depth, point.depth, 1e-10);
         }
     });
 }
@@ -44,8 +38,8 @@ TEST(TransformProperties, ScreenToWorldToScreenReturnsThePixel) {
 TEST(TransformProperties, ThePixelReturnsWithFarABillionTimesNear) {
     Random numbers(43000);
     for (int n = 0; n < 200; ++n) {
-        const PlanarCamera camera(randomView(numbers, 1.0), projectionOf({-0.3, 0.5, -0.25, 0.4, 1, 1e9}, false),
-                                  surfaceOf({}, 1920, 1080));
+        const PlanarCamera camera = cameraOf(
+            randomView(numbers, 1.0), projectionOf({-0.3, 0.5, -0.25, 0.4, 1, 1e9}, false), surfaceOf({}, 1920, 1080));
         const ScreenPoint point = randomScreenPoint(numbers, camera);
         const Vec3 back = viewToScreen(camera, screenToView(camera, point));
         EXPECT_EQ(back.x, point.x);
@@ -53,49 +47,29 @@ TEST(TransformProperties, ThePixelReturnsWithFarABillionTimesNear) {
     }
 }
 
-TEST(TransformProperties, PixelsOutsideTheWindowReturnToo) {
-    forRandomCameras(44000, [&](const RandomCamera& random, Random& numbers) {
-        ScreenPoint point = randomScreenPoint(numbers, random.camera);
-        point.x -= 10000;
-        point.y += 10000;
-        const Vec3 back = viewToScreen(random.camera, screenToView(random.camera, point));
-        EXPECT_EQ(back.x, point.x);
-        EXPECT_EQ(back.y, point.y);
-    });
-}
-
 TEST(TransformProperties, WorldToViewToWorldReturnsThePoint) {
     forRandomCameras(45000, [&](const RandomCamera& random, Random& numbers) {
         const View& view = random.camera.view();
         const Vec3 point = numbers.vector(10 * random.scale);
         const double rounding = 20 * steps * epsilon * random.scale;
-        EXPECT_TRUE(near(viewPointToWorld(view, view.worldToViewPoint(point)), point, rounding));
-        EXPECT_TRUE(near(view.worldToViewPoint(viewPointToWorld(view, point)), point, rounding));
+        EXPECT_TRUE(near(viewPointToWorld(random.camera, view.worldToViewPoint(point)), point, rounding));
+        EXPECT_TRUE(near(view.worldToViewPoint(viewPointToWorld(random.camera, point)), point, rounding));
         EXPECT_TRUE(near(view.viewToWorldPoint(view.worldToViewPoint(point)), point, rounding));
-        EXPECT_TRUE(near(viewVectorToWorld(view, view.worldToViewVector(point)), point, rounding));
+        EXPECT_TRUE(near(viewVectorToWorld(random.camera, view.worldToViewVector(point)), point, rounding));
         EXPECT_TRUE(near(view.viewToWorldVector(view.worldToViewVector(point)), point, rounding));
-    });
-}
-
-TEST(TransformProperties, BothWaysToTheWorldAgree) {
-    forRandomCameras(46000, [&](const RandomCamera& random, Random& numbers) {
-        const View& view = random.camera.view();
-        const Vec3 point = numbers.vector(10 * random.scale);
-        const double rounding = 20 * steps * epsilon * random.scale;
-        EXPECT_TRUE(near(view.viewToWorldPoint(point), viewPointToWorld(view, point), rounding));
-        EXPECT_EQ(view.viewToWorldVector(point), viewVectorToWorld(view, point));
     });
 }
 
 TEST(TransformProperties, VectorsIgnoreTranslation) {
     forRandomCameras(47000, [&](const RandomCamera& random, Random& numbers) {
         const Vec3 vector = numbers.vector(random.scale);
-        View moved = random.camera.view();
+        PlanarCamera movedCamera = random.camera;
+        View& moved = movedCamera.view();
         moved.translateInWorldSpace(numbers.vector(100 * random.scale));
         ASSERT_NE(moved.eye(), random.camera.view().eye());
         EXPECT_EQ(moved.worldToViewVector(vector), random.camera.view().worldToViewVector(vector));
         EXPECT_EQ(moved.viewToWorldVector(vector), random.camera.view().viewToWorldVector(vector));
-        EXPECT_EQ(viewVectorToWorld(moved, vector), viewVectorToWorld(random.camera.view(), vector));
+        EXPECT_EQ(viewVectorToWorld(movedCamera, vector), viewVectorToWorld(random.camera, vector));
     });
 }
 
@@ -107,19 +81,8 @@ TEST(TransformProperties, AVectorIsTheDifferenceOfItsEnds) {
         const double rounding = 10 * steps * epsilon * random.scale;
         EXPECT_TRUE(
             near(view.worldToViewVector(to - from), view.worldToViewPoint(to) - view.worldToViewPoint(from), rounding));
-        EXPECT_TRUE(near(viewVectorToWorld(view, to - from), viewPointToWorld(view, to) - viewPointToWorld(view, from),
-                         rounding));
-    });
-}
-
-TEST(TransformProperties, AScreenVectorLeadsFromTheSecondPointToTheFirst) {
-    forRandomCameras(49000, [&](const RandomCamera& random, Random& numbers) {
-        const ScreenPoint first = randomScreenPoint(numbers, random.camera);
-        const ScreenPoint second = randomScreenPoint(numbers, random.camera);
-        const Vec3 from = screenToWorld(random.camera, second);
-        const Vec3 to = screenToWorld(random.camera, first);
-        const double rounding = steps * epsilon * (length(from) + length(to) + 10 * random.scale);
-        EXPECT_TRUE(near(from + screenVectorToWorld(random.camera, first, second), to, rounding));
+        EXPECT_TRUE(near(viewVectorToWorld(random.camera, to - from),
+                         viewPointToWorld(random.camera, to) - viewPointToWorld(random.camera, from), rounding));
     });
 }
 

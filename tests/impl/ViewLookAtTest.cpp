@@ -42,31 +42,7 @@ TEST(View, StandsAtTheOriginAndLooksAlongMinusZAtFirst) {
     EXPECT_EQ(view.viewMatrix().mElements, Mat4{}.mElements);
     EXPECT_EQ(view.rotation().mElements, Mat3{}.mElements);
     EXPECT_EQ(view.eye(), Vec3{});
-    EXPECT_EQ(view.direction(), (Vec3{0, 0, -1}));
-}
-
-TEST(View, IsGeneralAtFirst) { EXPECT_EQ(kinds(View{}), (Kinds{64, 64, 64})); }
-
-TEST(View, CopiesEveryPart) {
-    const View view = withKinds(someView(), {1, 2, 48});
-    const View copy = view;
-    EXPECT_TRUE(same(copy, view));
-    View assigned;
-    assigned = view;
-    EXPECT_TRUE(same(assigned, view));
-}
-
-TEST(View, TakesPartsAsGivenThoughTheyContradict) {
-    Mat4 viewTransformMatrix;
-    viewTransformMatrix(0, 3) = 1.0;
-    Mat4 viewMatrix;
-    viewMatrix(1, 3) = 2.0;
-    const Mat3 rotation = rows3({{{2, 0, 0}, {0, 2, 0}, {0, 0, 2}}});
-    const View view(viewTransformMatrix, viewMatrix, rotation, {7, 8, 9});
-    EXPECT_EQ(view.viewTransformMatrix(), viewTransformMatrix);
-    EXPECT_EQ(view.viewMatrix(), viewMatrix);
-    EXPECT_EQ(view.rotation(), rotation);
-    EXPECT_EQ(view.eye(), (Vec3{7, 8, 9}));
+    EXPECT_EQ(kinds(view), (Kinds{64, 64, 64}));
 }
 
 TEST(View, LooksFromTheEyeAtThePoint) {
@@ -93,26 +69,17 @@ TEST(View, LookAtAgreesWithASecondMethod) {
     }
 }
 
-TEST(View, LookAtTurnsNeitherEyeNorTargetOffTheAxis) {
-    Random random(102);
-    for (int n = 0; n < 200; ++n) {
-        const Vec3 eye = random.vector(10.0);
-        const Vec3 lookat = random.vector(10.0);
-        const View view(eye, lookat, random.direction());
-        EXPECT_TRUE(near(view.worldToViewPoint(eye), {0, 0, 0}, 20 * steps * epsilon));
-        EXPECT_TRUE(near(view.worldToViewPoint(lookat), {0, 0, -length(lookat - eye)}, 20 * steps * epsilon));
-    }
-}
-
-TEST(View, LookAtShowsUpUpwards) {
+TEST(View, LookAtShowsTheTargetInTheMiddleAndUpUpwards) {
     Random random(103);
     for (int n = 0; n < 200; ++n) {
         const Vec3 eye = random.vector(10.0);
+        const Vec3 lookat = random.vector(10.0);
         const Vec3 up = random.direction();
-        const View view(eye, random.vector(10.0), up);
-        const Vec3 seen = view.worldToViewVector(up);
-        EXPECT_NEAR(seen.x, 0.0, 2 * steps * epsilon);
-        EXPECT_GT(seen.y, 0.0);
+        const View view(eye, lookat, up);
+        EXPECT_TRUE(near(view.worldToViewPoint(eye), {0, 0, 0}, 20 * steps * epsilon));
+        EXPECT_TRUE(near(view.worldToViewPoint(lookat), {0, 0, -length(lookat - eye)}, 20 * steps * epsilon));
+        EXPECT_NEAR(view.worldToViewVector(up).x, 0.0, 2 * steps * epsilon);
+        EXPECT_GT(view.worldToViewVector(up).y, 0.0);
     }
 }
 
@@ -126,65 +93,32 @@ TEST(View, LookAtMakesEveryKindGeneral) {
     EXPECT_EQ(kinds(view), (Kinds{64, 64, 64}));
 }
 
-TEST(View, LookAtTheEyeItselfChangesNothing) {
+/// someView() after a look from the origin.
+View looking(const Vec3& lookat, const Vec3& up) {
     View view = someView();
-    view.lookAt({7, 8, 9}, {7, 8, 9}, {0, 1, 0});
-    EXPECT_TRUE(same(view, someView()));
+    view.lookAt({0, 0, 0}, lookat, up);
+    return view;
 }
 
-TEST(View, LookAtAPointAtExactlyTheToleranceChangesNothing) {
+TEST(View, LookAtAPointAtMostTheToleranceAwayChangesNothing) {
     ASSERT_EQ(std::sqrt(1e-7 * 1e-7), 1e-7);
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1e-7, 0, 0}, {0, 1, 0});
-    EXPECT_TRUE(same(view, someView()));
-}
-
-TEST(View, LookAtAPointBeyondTheToleranceLooksThere) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1.001e-7, 0, 0}, {0, 1, 0});
-    EXPECT_EQ(view.direction(), (Vec3{1, 0, 0}));
-}
-
-TEST(View, LookAtWithUpZeroChangesNothing) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {0, 0, 0});
-    EXPECT_TRUE(same(view, someView()));
+    EXPECT_TRUE(same(looking({0, 0, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(looking({1e-7, 0, 0}, {0, 1, 0}), someView()));
+    EXPECT_EQ(looking({1.001e-7, 0, 0}, {0, 1, 0}).direction(), (Vec3{1, 0, 0}));
 }
 
 TEST(View, LookAtWithUpAtMostTheToleranceLongChangesNothing) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {0, 1e-7, 0});
-    EXPECT_TRUE(same(view, someView()));
-}
-
-TEST(View, LookAtWithUpBeyondTheToleranceLooksThere) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {0, 1.001e-7, 0});
-    EXPECT_EQ(view.direction(), (Vec3{1, 0, 0}));
-}
-
-TEST(View, LookAtWithUpAlongTheDirectionChangesNothing) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {3, 0, 0}, {2, 0, 0});
-    EXPECT_TRUE(same(view, someView()));
-}
-
-TEST(View, LookAtWithUpAgainstTheDirectionChangesNothing) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {3, 0, 0}, {-2, 0, 0});
-    EXPECT_TRUE(same(view, someView()));
+    EXPECT_TRUE(same(looking({1, 0, 0}, {0, 0, 0}), someView()));
+    EXPECT_TRUE(same(looking({1, 0, 0}, {0, 1e-7, 0}), someView()));
+    EXPECT_EQ(looking({1, 0, 0}, {0, 1.001e-7, 0}).direction(), (Vec3{1, 0, 0}));
 }
 
 // The cosine of an angle a is 1 - a a / 2: the bound of 1e-7 lies at 4.47e-4 radians.
 TEST(View, LookAtWithUpAlmostAlongTheDirectionChangesNothing) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {std::cos(4.4e-4), std::sin(4.4e-4), 0});
-    EXPECT_TRUE(same(view, someView()));
-}
-
-TEST(View, LookAtWithUpJustOffTheDirectionLooksThere) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {std::cos(4.5e-4), std::sin(4.5e-4), 0});
+    EXPECT_TRUE(same(looking({3, 0, 0}, {2, 0, 0}), someView()));
+    EXPECT_TRUE(same(looking({3, 0, 0}, {-2, 0, 0}), someView()));
+    EXPECT_TRUE(same(looking({1, 0, 0}, {std::cos(4.4e-4), std::sin(4.4e-4), 0}), someView()));
+    const View view = looking({1, 0, 0}, {std::cos(4.5e-4), std::sin(4.5e-4), 0});
     EXPECT_EQ(view.direction(), (Vec3{1, 0, 0}));
     EXPECT_TRUE(near(view.yAxis(), {0, 1, 0}, 1e-12)); // what lay along the direction is gone, 1/4.5e-4 of rounding
 }
@@ -198,19 +132,70 @@ TEST(View, LookAtTakesAnEyeOfNaN) {
 }
 
 TEST(View, LookAtTakesAnUpOfNaN) {
-    View view = someView();
-    view.lookAt({0, 0, 0}, {1, 0, 0}, {0, 0, nan});
-    EXPECT_EQ(view.direction(), (Vec3{1, 0, 0}));
-    EXPECT_TRUE(isNaN(view.yAxis()));
+    EXPECT_EQ(looking({1, 0, 0}, {0, 0, nan}).direction(), (Vec3{1, 0, 0}));
+    EXPECT_TRUE(isNaN(looking({1, 0, 0}, {0, 0, nan}).yAxis()));
 }
 
 TEST(View, StaysBlankWhereItsCreationIsRejected) {
-    const View view({1, 2, 3}, {1, 9, 3}, {0, 1, 0});
-    EXPECT_EQ(view.viewTransformMatrix(), Mat4{});
-    EXPECT_EQ(view.viewMatrix(), Mat4{});
-    EXPECT_EQ(view.rotation(), Mat3{});
-    EXPECT_EQ(view.eye(), Vec3{});
-    EXPECT_EQ(kinds(view), (Kinds{1, 1, 1}));
+    EXPECT_TRUE(same(View({1, 2, 3}, {1, 9, 3}, {0, 1, 0}), forged<View>(Mat4{}, Mat4{}, Mat3{}, Vec3{})));
+}
+
+TEST(ViewAlongAxis, KeepsTheDistanceOfAnyEyeFromAnyTarget) {
+    Random random(121);
+    for (int n = 0; n < 200; ++n) {
+        const View before = randomView(random, 5.0);
+        const Vec3 target = random.vector(5.0);
+        const Vec3 axis = random.direction();
+        View view = before;
+        view.setViewAlongWorldAxis(target, axis * random.magnitude(0.01, 100.0), random.direction());
+        EXPECT_NEAR(length(view.eye() - target), length(before.eye() - target), 10 * steps * epsilon);
+        EXPECT_TRUE(near(view.direction(), axis, 1000 * epsilon)); // an eye as near as 0.1 loses digits
+        EXPECT_TRUE(consistent(view));
+    }
+}
+
+/// Looks along z at the origin from an eye on x, which then looked away from it.
+View fromNextTo(double x) {
+    View view({x, 0, 0}, {9, 0, 0}, {0, 1, 0});
+    view.setViewAlongWorldAxis({0, 0, 0}, {0, 0, 1}, {0, 1, 0});
+    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+    return view;
+}
+
+TEST(ViewAlongAxis, FromTheTargetOrAtMostTheToleranceBesideItStaysThere) {
+    EXPECT_EQ(fromNextTo(0).eye(), Vec3{});
+    EXPECT_EQ(fromNextTo(1e-7).eye(), (Vec3{1e-7, 0, 0}));
+    EXPECT_TRUE(near(fromNextTo(1.001e-7).eye(), {0, 0, -1.001e-7}, 1e-22));
+}
+
+TEST(ViewAlongAxis, WithATargetOfNaNLooksFromWhereTheEyeIs) {
+    View view({1, 2, 3}, {0, 0, 0}, {0, 1, 0});
+    view.setViewAlongWorldAxis({nan, 0, 0}, {0, 0, 1}, {0, 1, 0});
+    EXPECT_EQ(view.eye(), (Vec3{1, 2, 3}));
+    EXPECT_EQ(view.direction(), (Vec3{0, 0, 1}));
+}
+
+/// someView() along an axis at the origin.
+View along(const Vec3& axis, const Vec3& up) {
+    View view = someView();
+    view.setViewAlongWorldAxis({0, 0, 0}, axis, up);
+    return view;
+}
+
+TEST(ViewAlongAxis, OfAtMostTheToleranceChangesNothing) {
+    EXPECT_TRUE(same(along({0, 0, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 0, 1e-7}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(near(along({0, 0, 1.001e-7}, {0, 1, 0}).direction(), {0, 0, 1}, 4 * epsilon));
+}
+
+TEST(ViewAlongAxis, WithUpZeroOrAlongTheAxisChangesNothing) {
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 1, 0}), someView()));
+    EXPECT_TRUE(same(along({0, 1, 0}, {0, 0, 0}), someView()));
+}
+
+TEST(ViewAlongAxis, OfNaNIsTaken) {
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).direction()));
+    EXPECT_TRUE(isNaN(along({0, nan, 1}, {0, 1, 0}).eye()));
 }
 
 } // namespace

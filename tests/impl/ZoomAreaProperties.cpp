@@ -12,7 +12,7 @@
 // A zoom area's rectangle, shown after the operation at the depth of its nearer corner, lies within the window and
 // touches it in one direction: so it is for every rectangle that on the near plane (orthographic: anywhere) is at
 // least 0.001 units wide and high, off-centre frusta and viewports that are parts included, since the operation
-// centres the frustum. A smaller extent is required to count as 0.001 units. The rectangle is then shown smaller, in
+// centres the frustum. A smaller extent counts as 0.001 units. The rectangle is then shown smaller, in
 // the known proportion, and in worlds of a thousandth it may even shrink; that is tested as it is.
 
 namespace qel::api::camera::test {
@@ -147,32 +147,10 @@ TEST(ZoomAreaProperties, TheAspectRatioTheDepthsAndTheDistanceStay) {
         EXPECT_NEAR(camera.projection().aspectRatio() / random.camera.projection().aspectRatio(), 1.0, 16 * epsilon);
         EXPECT_EQ(frustum.nearDist, random.camera.projection().frustum().nearDist);
         EXPECT_EQ(frustum.farDist, random.camera.projection().frustum().farDist);
-        EXPECT_EQ(camera.projection().type(), random.camera.projection().type());
+        EXPECT_EQ(camera.projection().isOrthographic(), random.camera.projection().isOrthographic());
         EXPECT_EQ(camera.view().rotation(), random.camera.view().rotation());
         const Vec3 moved = camera.view().eye() - random.camera.view().eye();
         EXPECT_NEAR(dot(moved, camera.view().direction()), 0.0, 1000 * epsilon * random.scale);
-    });
-}
-
-// The whole viewport is a rectangle too: nothing is magnified, an off-centre frustum is centred, and what was in the
-// middle of the window stays there.
-TEST(ZoomAreaProperties, OfTheWholeWindowKeepsTheExtents) {
-    forRandomCameras(14000, [&](const RandomCamera& random, Random&) {
-        const Frustum& before = random.camera.projection().frustum();
-        if (random.camera.surface().viewport().width != 1.0 || before.right - before.left < 0.001 ||
-            before.top - before.bottom < 0.001) {
-            return;
-        }
-        PlanarCamera camera = random.camera;
-        const auto width = static_cast<std::int32_t>(camera.surface().resolutionX());
-        const auto height = static_cast<std::int32_t>(camera.surface().resolutionY());
-        const Vec3 middle = screenToWorld(camera, {width / 2, height / 2, 0.5});
-        camera.zoomArea({0, 0, 0.5}, {width, height, 0.5});
-        const Frustum& after = camera.projection().frustum();
-        EXPECT_NEAR((after.right - after.left) / (before.right - before.left), 1.0, 64 * epsilon);
-        EXPECT_NEAR((after.top - after.bottom) / (before.top - before.bottom), 1.0, 64 * epsilon);
-        EXPECT_NEAR(seen(camera, middle).pixelX, width / 2, pixelTolerance);
-        EXPECT_NEAR(seen(camera, middle).pixelY, height / 2, pixelTolerance);
     });
 }
 

@@ -48,41 +48,23 @@ static_assert(cross(Vec3{1, 0, 0}, Vec3{0, 1, 0}) == Vec3{0, 0, 1});
 static_assert(identity<Mat4> * Vec4{1, 2, 3, 4} == Vec4{1, 2, 3, 4});
 static_assert(makeOrtho({-1, 1, -1, 1, 1, 3})(2, 3) == -2.0);
 
-template <class Matrix>
-class IdentityMatrix : public ::testing::Test {};
-
-using EverySize = ::testing::Types<Mat2, Mat2x3, Mat3, Mat3x4, Mat4, Mat2f, Mat2x3f, Mat3f, Mat3x4f, Mat4f>;
-TYPED_TEST_SUITE(IdentityMatrix, EverySize);
-
 template <class Number, std::size_t Rows, std::size_t Columns>
-void expectIdentity(const BasicMatrix<Number, Rows, Columns>& m) {
-    EXPECT_EQ(static_cast<std::uint32_t>(m.mKind), 1U);
+constexpr bool isIdentity(const BasicMatrix<Number, Rows, Columns>& m) {
+    bool result = m.mKind == MatrixKind{1};
     for (std::size_t r = 0; r < Rows; ++r) {
         for (std::size_t k = 0; k < Columns; ++k) {
-            EXPECT_EQ(m.mElements[k * Rows + r], r == k ? Number(1) : Number(0)) << r << ", " << k;
+            result = result && m.mElements[k * Rows + r] == (r == k ? Number(1) : Number(0));
         }
     }
+    return result;
 }
 
-TYPED_TEST(IdentityMatrix, HasOnesWhereRowAndColumnAgreeAndKindOne) { expectIdentity(identity<TypeParam>); }
+template <class... Matrices>
+constexpr bool newOnesAreIdentities = ((isIdentity(Matrices{}) && identity<Matrices> == Matrices{}) && ...);
 
-TYPED_TEST(IdentityMatrix, IsWhatANewMatrixHolds) { expectIdentity(TypeParam{}); }
-
-TYPED_TEST(IdentityMatrix, IsKnownWhenCompiling) {
-    static_assert(identity<TypeParam>.mElements[0] == 1);
-    static_assert(identity<TypeParam> == TypeParam{});
-    EXPECT_EQ(identity<TypeParam>, TypeParam{});
-}
-
-TEST(IdentityQuaternion, HasScalarOneInDouble) {
-    EXPECT_EQ(identity<Quat>, (Quat{0.0, 0.0, 0.0, 1.0}));
-    EXPECT_EQ(Quat{}, identity<Quat>);
-}
-
-TEST(IdentityQuaternion, HasScalarOneInFloat) {
-    EXPECT_EQ(identity<Quatf>, (Quatf{0.0F, 0.0F, 0.0F, 1.0F}));
-    EXPECT_EQ(Quatf{}, identity<Quatf>);
-}
+static_assert(newOnesAreIdentities<Mat2, Mat2x3, Mat3, Mat3x4, Mat4, Mat2f, Mat2x3f, Mat3f, Mat3x4f, Mat4f>);
+static_assert(identity<Quat> == Quat{0.0, 0.0, 0.0, 1.0} && Quat{} == identity<Quat>);
+static_assert(identity<Quatf> == Quatf{0.0F, 0.0F, 0.0F, 1.0F} && Quatf{} == identity<Quatf>);
 
 TEST(MatrixStorage, IsColumnByColumn) {
     Mat4 m;
@@ -96,41 +78,25 @@ TEST(MatrixStorage, IsColumnByColumn) {
     }
 }
 
-TEST(MatrixStorage, HasTwoRowsForThePlanarAffineTransform) {
-    Mat2x3 m;
-    m(1, 2) = 7.0;
-    EXPECT_EQ(m.mElements[2 * 2 + 1], 7.0);
+TEST(MatrixStorage, HasAsManyRowsAsTheSpaceHasDimensionsForAnAffineTransform) {
+    Mat2x3 planar;
+    planar(1, 2) = 7.0;
+    EXPECT_EQ(planar.mElements[2 * 2 + 1], 7.0);
+    Mat3x4 spatial;
+    spatial(1, 3) = 7.0;
+    EXPECT_EQ(spatial.mElements[3 * 3 + 1], 7.0);
 }
 
-TEST(MatrixStorage, HasThreeRowsForTheSpatialAffineTransform) {
-    Mat3x4 m;
-    m(1, 3) = 7.0;
-    EXPECT_EQ(m.mElements[3 * 3 + 1], 7.0);
+TEST(MatrixEquality, IsExactAndSeesTheKind) {
+    Mat3 almost;
+    almost(1, 2) = 5e-324;
+    EXPECT_NE(almost, Mat3{});
+    Mat3 other;
+    other.mKind = MatrixKind::general;
+    EXPECT_NE(other, Mat3{});
 }
 
-TEST(MatrixStorage, CopiesTheElementsAndTheKind) {
-    Mat4 m = rows4({{{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}}}, MatrixKind{48});
-    const Mat4 copy = m;
-    m(0, 0) = -1.0;
-    m.mKind = MatrixKind::identity;
-    EXPECT_EQ(copy(0, 0), 1.0);
-    EXPECT_EQ(copy(3, 2), 15.0);
-    EXPECT_EQ(copy.mKind, MatrixKind{48});
-}
-
-TEST(MatrixEquality, IsExact) {
-    Mat3 m;
-    m(1, 2) = 5e-324;
-    EXPECT_NE(m, Mat3{});
-}
-
-TEST(MatrixEquality, SeesTheKind) {
-    Mat3 m;
-    m.mKind = MatrixKind::general;
-    EXPECT_NE(m, Mat3{});
-}
-
-TEST(MatrixKindWord, HasTheValuesThatImagesHold) {
+TEST(MatrixKindWord, HasTheValuesThatBlobsHold) {
     EXPECT_EQ(static_cast<std::uint32_t>(MatrixKind::identity), 1U);
     EXPECT_EQ(static_cast<std::uint32_t>(MatrixKind::translation), 2U);
     EXPECT_EQ(static_cast<std::uint32_t>(MatrixKind::rotation), 4U);
@@ -139,12 +105,9 @@ TEST(MatrixKindWord, HasTheValuesThatImagesHold) {
     EXPECT_EQ(static_cast<std::uint32_t>(MatrixKind::general), 64U);
 }
 
-TEST(MatrixKindWord, TakesATranslation) {
+TEST(MatrixKindWord, TakesATranslationAndARotation) {
     EXPECT_EQ(withTranslation(MatrixKind::identity), MatrixKind::translation);
     EXPECT_EQ(withTranslation(MatrixKind::rotation), MatrixKind::rotationTranslation);
-}
-
-TEST(MatrixKindWord, TakesARotation) {
     EXPECT_EQ(withRotation(MatrixKind::identity), MatrixKind::rotation);
     EXPECT_EQ(withRotation(MatrixKind::translation), MatrixKind::rotationTranslation);
 }

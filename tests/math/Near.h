@@ -108,29 +108,26 @@ template <std::size_t Rows, std::size_t Columns>
 
 [[nodiscard]] inline bool isNaN(const math::Vec3& v) { return std::isnan(v.x) && std::isnan(v.y) && std::isnan(v.z); }
 
+template <std::size_t Size>
+using Rows = std::array<std::array<double, Size>, Size>;
+
 /// A matrix from its rows, as one writes it on paper.
-[[nodiscard]] inline math::Mat3 rows3(const std::array<std::array<double, 3>, 3>& rows,
-                                      math::MatrixKind kind = math::MatrixKind::rotation) {
-    math::Mat3 m;
-    for (std::size_t r = 0; r < 3; ++r) {
-        for (std::size_t k = 0; k < 3; ++k) {
+template <std::size_t Size>
+[[nodiscard]] math::BasicMatrix<double, Size, Size> fromRows(const Rows<Size>& rows, math::MatrixKind kind) {
+    math::BasicMatrix<double, Size, Size> m;
+    for (std::size_t r = 0; r < Size; ++r) {
+        for (std::size_t k = 0; k < Size; ++k) {
             m(r, k) = rows[r][k];
         }
     }
     m.mKind = kind;
     return m;
 }
-
-[[nodiscard]] inline math::Mat4 rows4(const std::array<std::array<double, 4>, 4>& rows,
-                                      math::MatrixKind kind = math::MatrixKind::general) {
-    math::Mat4 m;
-    for (std::size_t r = 0; r < 4; ++r) {
-        for (std::size_t k = 0; k < 4; ++k) {
-            m(r, k) = rows[r][k];
-        }
-    }
-    m.mKind = kind;
-    return m;
+[[nodiscard]] inline math::Mat3 rows3(const Rows<3>& rows, math::MatrixKind kind = math::MatrixKind::rotation) {
+    return fromRows<3>(rows, kind);
+}
+[[nodiscard]] inline math::Mat4 rows4(const Rows<4>& rows, math::MatrixKind kind = math::MatrixKind::general) {
+    return fromRows<4>(rows, kind);
 }
 
 /// The product a b, summed in long double.

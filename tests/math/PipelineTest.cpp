@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "math/Matrices.h"
 #include "math/Pipeline.h"
@@ -17,9 +16,11 @@ using math::makeFrustum;
 using math::makeFrustumInverse;
 using math::makeOrtho;
 using math::makeOrthoInverse;
+using math::makeViewport;
+using math::makeViewportInverse;
 using math::Mat4;
-using math::MatrixKind;
 using math::Vec3;
+using math::Viewport;
 
 /// Valid, off-centre as a rule, over many sizes and depths.
 Frustum randomFrustum(Random& random) {
@@ -59,10 +60,6 @@ TEST(Frustum, HasTheElementsOfTheClosedInverse) {
               rows4({{{1, 0, 0, 0.5}, {0, 2, 0, 1}, {0, 0, 0, -1}, {0, 0, -0.2, 0.3}}}));
 }
 
-TEST(Frustum, OfTheUnitSquareNeedsNoScaling) {
-    EXPECT_EQ(makeFrustum({-1, 1, -1, 1, 1, 3}), rows4({{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, -2, -3}, {0, 0, -1, 0}}}));
-}
-
 TEST(Frustum, TakesItsCornersToTheCornersOfTheCube) {
     Random random(41);
     for (int n = 0; n < 200; ++n) {
@@ -76,40 +73,6 @@ TEST(Frustum, TakesItsCornersToTheCornersOfTheCube) {
         const math::Vec4 farCorner = m * math::Vec4{r * (f / near0), t * (f / near0), -f, 1.0};
         EXPECT_TRUE(near(Vec3{farCorner.x, farCorner.y, farCorner.z} * (1.0 / farCorner.w), {1, 1, 1}, bound));
     }
-}
-
-TEST(Frustum, TimesItsInverseIsTheIdentity) {
-    Random random(42);
-    for (int n = 0; n < 500; ++n) {
-        const Frustum frustum = randomFrustum(random);
-        EXPECT_LT(distanceFromIdentity(makeFrustum(frustum), makeFrustumInverse(frustum)), 16 * epsilon);
-        EXPECT_LT(distanceFromIdentity(makeFrustumInverse(frustum), makeFrustum(frustum)), 16 * epsilon);
-    }
-}
-
-TEST(Frustum, InverseAgreesWithElimination) {
-    Random random(43);
-    for (int n = 0; n < 200; ++n) {
-        const Frustum frustum = randomFrustum(random);
-        const Mat4 expected = generalInverse(makeFrustum(frustum));
-        const Mat4 actual = makeFrustumInverse(frustum);
-        // Elimination rounds to the places of its largest number, which leaves dust instead of zeros.
-        double largest = 0.0;
-        for (const double element : expected.mElements) {
-            largest = std::max(largest, std::abs(element));
-        }
-        const double dust = 2.0 * static_cast<double>(std::numeric_limits<long double>::epsilon()) * largest;
-        for (std::size_t i = 0; i < 16; ++i) {
-            // What it gets of the rounded matrix differs where near and far are close, by their ratio.
-            EXPECT_NEAR(actual.mElements[i], expected.mElements[i],
-                        1e-11 * std::max(1.0 / frustum.nearDist, std::abs(expected.mElements[i])) + dust);
-        }
-    }
-}
-
-TEST(Frustum, IsGeneral) {
-    EXPECT_EQ(makeFrustum({-1, 1, -1, 1, 1, 3}).mKind, MatrixKind::general);
-    EXPECT_EQ(makeFrustumInverse({-1, 1, -1, 1, 1, 3}).mKind, MatrixKind::general);
 }
 
 TEST(Frustum, OfNoWidthHoldsInfinities) {
@@ -148,18 +111,15 @@ TEST(OrthographicFrustum, TakesItsCornersToTheCornersOfTheCube) {
     }
 }
 
-TEST(OrthographicFrustum, TimesItsInverseIsTheIdentity) {
-    Random random(45);
+TEST(ClosedInverse, TimesItsMatrixIsTheIdentityOnBothSides) {
+    Random random(42);
     for (int n = 0; n < 500; ++n) {
         const Frustum frustum = randomFrustum(random);
+        EXPECT_LT(distanceFromIdentity(makeFrustum(frustum), makeFrustumInverse(frustum)), 16 * epsilon);
+        EXPECT_LT(distanceFromIdentity(makeFrustumInverse(frustum), makeFrustum(frustum)), 16 * epsilon);
         EXPECT_LT(distanceFromIdentity(makeOrtho(frustum), makeOrthoInverse(frustum)), 16 * epsilon);
         EXPECT_LT(distanceFromIdentity(makeOrthoInverse(frustum), makeOrtho(frustum)), 16 * epsilon);
     }
-}
-
-TEST(OrthographicFrustum, IsGeneral) {
-    EXPECT_EQ(makeOrtho({-1, 1, -1, 1, 1, 3}).mKind, MatrixKind::general);
-    EXPECT_EQ(makeOrthoInverse({-1, 1, -1, 1, 1, 3}).mKind, MatrixKind::general);
 }
 
 TEST(OrthographicFrustum, OfNoHeightHoldsInfinities) {
@@ -174,6 +134,57 @@ TEST(ScaledFrustum, ScalesOppositeSidesAlikeAndKeepsTheDepths) {
 }
 
 TEST(NewFrustum, IsAllZero) { EXPECT_EQ(Frustum{}, (Frustum{0, 0, 0, 0, 0, 0})); }
+
+TEST(ViewportMatrix, MapsAPartOfTheSurface) {
+    // A quarter wide, half high, its lower left corner at (160, 120); depths 0.25 to 0.75.
+    EXPECT_EQ(makeViewport({0.25, 0.25, 0.25, 0.5, 0.25, 0.75}, 640, 480),
+              rows4({{{80, 0, 0, 240}, {0, 120, 0, 240}, {0, 0, 0.25, 0.5}, {0, 0, 0, 1}}}));
+}
+
+TEST(ViewportMatrix, HasTheElementsOfTheClosedInverse) {
+    // a = 2/160, b = 2/240; a 160 + 1 = 3, b 120 + 1 = 2.
+    EXPECT_EQ(makeViewportInverse({0.25, 0.25, 0.25, 0.5, 0.25, 0.75}, 640, 480),
+              rows4({{{2.0 / 160, 0, 0, -3}, {0, 2.0 / 240, 0, -2}, {0, 0, 4, -2}, {0, 0, 0, 1}}}));
+}
+
+TEST(ViewportMatrix, TakesTheCornersOfTheCubeToTheCornersOfTheViewport) {
+    Random random(51);
+    for (int n = 0; n < 200; ++n) {
+        const Viewport viewport{random.between(0, 0.9), random.between(0, 0.9), random.between(0.1, 1),
+                                random.between(0.1, 1), random.between(0, 0.4), random.between(0.6, 1)};
+        const auto& [x, y, w, h, depthMin, depthMax] = viewport;
+        const std::uint32_t rx = 1 + random.below(4000);
+        const std::uint32_t ry = 1 + random.below(4000);
+        const Mat4 m = makeViewport(viewport, rx, ry);
+        EXPECT_TRUE(near(transformPoint(m, {-1, -1, -1}), {x * rx, y * ry, depthMin}, 8000 * 4 * epsilon));
+        EXPECT_TRUE(near(transformPoint(m, {1, 1, 1}), {(x + w) * rx, (y + h) * ry, depthMax}, 8000 * 4 * epsilon));
+        EXPECT_TRUE(near(product(makeViewportInverse(viewport, rx, ry), m), Mat4{}, 64 * epsilon));
+        EXPECT_TRUE(near(makeViewportInverse(viewport, rx, ry), generalInverse(m), 64 * epsilon));
+    }
+}
+
+TEST(ViewportMatrix, TakesTheResolutionForUnsigned) {
+    EXPECT_EQ(makeViewport({}, 4294967295U, 1)(0, 0), 2147483647.5);
+    EXPECT_EQ(makeViewport({}, 1, 4294967295U)(1, 3), 2147483647.5);
+}
+
+TEST(ViewportMatrix, OfEqualDepthsHasAnInverseWithInfinities) {
+    const Mat4 inverse = makeViewportInverse({0, 0, 1, 1, 0.5, 0.5}, 640, 480);
+    EXPECT_EQ(inverse(2, 2), infinity);
+    EXPECT_EQ(inverse(2, 3), -infinity);
+    EXPECT_EQ(inverse(0, 0), 2.0 / 640);
+    EXPECT_TRUE(std::isnan(makeViewportInverse({0, 0, 1, 1, 0, 0}, 640, 480)(2, 3))) << "0 / 0";
+}
+
+TEST(ViewportMatrix, OfNoWidthOrResolutionHasAnInverseWithInfinities) {
+    const Mat4 inverse = makeViewportInverse({0.5, 0, 0, 1, 0, 1}, 640, 480);
+    EXPECT_EQ(inverse(0, 0), infinity);
+    EXPECT_EQ(inverse(0, 3), -infinity);
+    EXPECT_EQ(makeViewportInverse({}, 0, 480)(0, 0), infinity);
+    EXPECT_TRUE(std::isnan(makeViewportInverse({}, 0, 480)(0, 3)));
+}
+
+TEST(NewViewport, CoversTheSurfaceAndAllDepths) { EXPECT_EQ(Viewport{}, (Viewport{0, 0, 1, 1, 0, 1})); }
 
 } // namespace
 } // namespace qel::api::camera::test
