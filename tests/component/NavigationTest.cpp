@@ -236,7 +236,7 @@ TEST_F(NavigationOperations, ArcballFailsWithoutHeight) {
     PlanarCameraState start = camera(viewFromX(), parallel(), surface(512, 512));
     putWord(start.mPrivate, at::planarSurface + at::resolutionY, 0);
     mService->planarCameraArcballRotation(mResult, start, vectorOf(0, 0, 0), 0, 0, 1, 1);
-    expectFailure(mResult, -1, "Call to planarCameraArcballRotation() failed.");
+    expectFailure(mResult.mResult, -1, "Call to planarCameraArcballRotation() failed.");
     EXPECT_EQ(fingerprint(mResult.mValue), fingerprint(PlanarCameraState()));
 
     mResult = PlanarCameraStateResult();

@@ -114,7 +114,7 @@ TEST_F(TransformOperations, WorldToViewDividesByALargeEnoughWBeforeTheTranslatio
 }
 
 TEST_F(TransformOperations, ViewToWorldGoesThroughRotationAndEyeNotThroughTheMatrix) {
-    // After this call the rotation is not that of the matrix, which makes the two roads differ.
+    // After this call the rotation is not that of the matrix, which makes the two ways differ.
     ViewStateResult odd;
     mService->viewSetViewTransformMatrix(odd, viewFromX(),
                                          matrixOf({{1, 0, 0, 4}, {0, 1, 0, 5}, {0, 0, 1, 6}, {0, 0, 0, 1}}));

@@ -75,7 +75,7 @@ TEST_F(UtilityOperations, EmptyFirstRowGivesAnEmptyList) {
 TEST_F(UtilityOperations, MissingValuesFailWithCode4) {
     mResult.mValue = matrixOf({{1, 2}, {3, 4}});
     mService->utilsConvertMatrixFromRowMajorToColumnMajor(mResult, matrixOf({{1, 2}, {3}}));
-    expectFailure(mResult, 4, "Call to utilsConvertMatrixFromRowMajorToColumnMajor() failed.");
+    expectFailure(mResult.mResult, 4, "Call to utilsConvertMatrixFromRowMajorToColumnMajor() failed.");
     EXPECT_EQ(mResult.mValue.mData, (Rows{{1, 2}, {3, 4}}));
     mService->utilsConvertMatrixFromRowMajorToColumnMajor(mResult, Matrix());
     EXPECT_EQ(mResult.mValue.mData, (Rows{{1, 2}, {3, 4}}));
