@@ -176,34 +176,6 @@ TEST_F(BlobInput, OtherTypeFlagIsCarriedIntoAPlanarCamera) {
     EXPECT_EQ(wordAt(result.mValue.mProjectionState.mPrivate, at::projectionType), 9U);
 }
 
-TEST_F(BlobInput, SetEyeChangesTheEyeAndTheTranslationsThatDependOnIt) {
-    ViewStateResult start;
-    mService->viewCreateDefault(start);
-    ViewStateResult result;
-    mService->viewSetEye(result, start.mValue, vectorOf(1.0, 2.0, 4.0));
-
-    // Doubles 12 to 14 of both 4x4 matrices, and the eye.
-    std::set<std::size_t> expected;
-    for (const std::size_t vector : {at::viewTransformMatrix + 96, at::viewMatrix + 96, at::eye}) {
-        for (std::size_t i = 0; i < 3; ++i) {
-            expected.insert(vector + 8 * i);
-        }
-    }
-    std::set<std::size_t> changed;
-    for (std::size_t i = 0; i < at::viewSize; i += 8) {
-        if (bitsAt(result.mValue.mPrivate, i, 8) != bitsAt(start.mValue.mPrivate, i, 8)) {
-            changed.insert(i);
-        }
-    }
-    EXPECT_EQ(changed, expected);
-    for (std::size_t i = 0; i < 3; ++i) {
-        const double coordinate = std::ldexp(1.0, static_cast<int>(i)); // 1, 2, 4
-        EXPECT_EQ(doubleAt(result.mValue.mPrivate, at::eye + 8 * i), coordinate);
-        EXPECT_EQ(doubleAt(result.mValue.mPrivate, at::viewTransformMatrix + 96 + 8 * i), coordinate);
-        EXPECT_EQ(doubleAt(result.mValue.mPrivate, at::viewMatrix + 96 + 8 * i), -coordinate);
-    }
-}
-
 } // namespace
 
 } // namespace qel::api::camera::test

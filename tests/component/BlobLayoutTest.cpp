@@ -71,10 +71,10 @@ std::string difference(const std::string& actual, const std::string& expected) {
 std::string viewBlob() {
     std::string bytes = zeros(at::viewSize);
     putMatrix(bytes, at::viewTransformMatrix,
-              {one, minusZero, zero, zero,       // side
-               zero, one, zero, zero,            // up
-               minusZero, minusZero, one, zero,  // -f
-               zero, zero, five, one},           // eye
+              {one, minusZero, zero, zero,      // side
+               zero, one, zero, zero,           // up
+               minusZero, minusZero, one, zero, // -f
+               zero, zero, five, one},          // eye
               general);
     putMatrix(bytes, at::viewMatrix,
               {one, zero, minusZero, zero,      // x of side, up, -f
@@ -98,9 +98,9 @@ std::string projectionBlob() {
                zero, zero, minusThree, zero},  // -2fn/(f-n)
               general);
     putMatrix(bytes, at::projectionInverse,
-              {two, zero, zero, zero,          // (r-l)/2n
-               zero, one, zero, zero,          // (t-b)/2n
-               zero, zero, zero, minusThird,   // -(f-n)/2fn
+              {two, zero, zero, zero,           // (r-l)/2n
+               zero, one, zero, zero,           // (t-b)/2n
+               zero, zero, zero, minusThird,    // -(f-n)/2fn
                one, zero, minusOne, twoThirds}, // (r+l)/2n, (t+b)/2n, -1, (f+n)/2fn
               general);
     putWord(bytes, at::projectionType, 0);
@@ -112,10 +112,10 @@ std::string projectionBlob() {
 std::string orthographicBlob() {
     std::string bytes = zeros(at::projectionSize);
     putMatrix(bytes, at::projectionMatrix,
-              {half, zero, zero, zero,                         // 2/(r-l)
-               zero, one, zero, zero,                          // 2/(t-b)
-               zero, zero, minusOne, zero,                     // -2/(f-n)
-               0xBFE0000000000000, minusZero, minusTwo, one},  // -(r+l)/(r-l), -(t+b)/(t-b), -(f+n)/(f-n)
+              {half, zero, zero, zero,                        // 2/(r-l)
+               zero, one, zero, zero,                         // 2/(t-b)
+               zero, zero, minusOne, zero,                    // -2/(f-n)
+               0xBFE0000000000000, minusZero, minusTwo, one}, // -(r+l)/(r-l), -(t+b)/(t-b), -(f+n)/(f-n)
               general);
     putMatrix(bytes, at::projectionInverse,
               {two, zero, zero, zero,      // (r-l)/2
@@ -133,9 +133,9 @@ std::string surfaceBlob() {
     std::string bytes = zeros(at::surfaceSize);
     put(bytes, at::viewport, {quarter, half, half, quarter, zero, one});
     putMatrix(bytes, at::surfaceMatrix,
-              {0x4070000000000000, zero, zero, zero,              // 0.5*1024/2 = 256
-               zero, 0x4050000000000000, zero, zero,              // 0.25*512/2 = 64
-               zero, zero, half, zero,                            // (1-0)/2
+              {0x4070000000000000, zero, zero, zero,               // 0.5*1024/2 = 256
+               zero, 0x4050000000000000, zero, zero,               // 0.25*512/2 = 64
+               zero, zero, half, zero,                             // (1-0)/2
                0x4080000000000000, 0x4074000000000000, half, one}, // 256+256 = 512, 256+64 = 320, 1/2
               general);
     putMatrix(bytes, at::surfaceInverse,
@@ -213,10 +213,10 @@ TEST_F(BlobLayout, NestedBlobsAreTheirPartsOfThePlanarCameras) {
         if (const auto* const camera = std::get_if<PlanarCameraStateResult>(&result)) {
             SCOPED_TRACE(operation.name);
             const PlanarCameraState& state = camera->mValue;
-            EXPECT_EQ(difference(state.mPrivate.substr(at::planarView),
-                                 state.mViewState.mPrivate + state.mProjectionState.mPrivate +
-                                     state.mSurfaceState.mPrivate),
-                      "");
+            EXPECT_EQ(
+                difference(state.mPrivate.substr(at::planarView),
+                           state.mViewState.mPrivate + state.mProjectionState.mPrivate + state.mSurfaceState.mPrivate),
+                "");
         }
     }
 }

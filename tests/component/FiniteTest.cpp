@@ -29,7 +29,8 @@ protected:
         return arguments;
     }
 
-    /// Takes a state for later calls; says whether a state is finite. A value may be anything: infinities are passed on.
+    /// Takes a state for later calls; says whether a state is finite. A value may be anything: infinities are passed
+    /// on.
     bool keep(const AnyArgument& payload) {
         std::visit([&](const auto& value) { take(value); }, payload);
         return blobOf(payload) == nullptr || isFinite(payload);

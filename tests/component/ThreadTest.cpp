@@ -113,7 +113,8 @@ struct RepeatedCall {
     AnyResult expected;
 
     RepeatedCall(CameraAPIIf& service, const AnyOperation& operation, Arguments arguments)
-        : operation(&operation), arguments(std::move(arguments)),
+        : operation(&operation),
+          arguments(std::move(arguments)),
           expected(callAfresh(service, operation, this->arguments)) {
         expectSuccess(expected);
     }

@@ -61,7 +61,8 @@ private:
 
     /// A state is another one than came in, or than the operation makes of refused arguments; a value is finite and
     /// another one than the call before gave.
-    bool hasEffect(Count& count, const AnyOperation& operation, const Arguments& arguments, const AnyArgument& payload) {
+    bool hasEffect(Count& count, const AnyOperation& operation, const Arguments& arguments,
+                   const AnyArgument& payload) {
         const std::string* const blob = blobOf(payload);
         if (blob == nullptr) {
             std::string bits = fingerprint(payload);

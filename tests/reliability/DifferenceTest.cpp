@@ -77,7 +77,8 @@ TEST(Difference, EveryByteOfABlobThatIsNoDoubleIsSeen) {
     ViewStateResult view;
     view.mValue.mPrivate.assign(at::viewSize, '\0');
     for (const Stretch& stretch : stretchesOf(view.mValue)) {
-        for (std::size_t i = stretch.offset; stretch.holds != Holds::doubles && i < stretch.offset + stretch.size; ++i) {
+        for (std::size_t i = stretch.offset; stretch.holds != Holds::doubles && i < stretch.offset + stretch.size;
+             ++i) {
             ViewStateResult other = view;
             other.mValue.mPrivate[i] = '\1';
             EXPECT_EQ(differenceOf(view, other).roundings, infinity) << i;

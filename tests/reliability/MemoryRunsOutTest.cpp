@@ -89,9 +89,9 @@ protected:
     void exhaustAll(const Fail fail, const std::function<AnyResult(const AnyOperation&)>& start, const bool allocates) {
         for (const AnyOperation& operation : allOperations()) {
             const Arguments arguments = mSamples.argumentsOf(operation);
-            const std::size_t failures =
-                exhaust(operation, start(operation), fail,
-                        [&](AnyResult& result) { return aliasedArguments(result, arguments, 0, 0); });
+            const std::size_t failures = exhaust(operation, start(operation), fail, [&](AnyResult& result) {
+                return aliasedArguments(result, arguments, 0, 0);
+            });
             EXPECT_EQ(failures > 0, allocates && !operation.resetsOutcome()) << operation.name;
         }
     }
@@ -141,7 +141,8 @@ TEST_F(MemoryRunsOut, FreshResultStaysEmpty) {
 }
 
 TEST_F(MemoryRunsOut, UsedResultNeedsNoMemoryAtAll) {
-    exhaustAll(Fail::allFrom, [&](const AnyOperation& operation) { return used(operation); }, false);
+    exhaustAll(
+        Fail::allFrom, [&](const AnyOperation& operation) { return used(operation); }, false);
 }
 
 TEST_F(MemoryRunsOut, ResultOfAnotherShapeStaysAsItWas) {
@@ -257,10 +258,9 @@ TEST_F(MemoryRunsOut, IdentityNeedsNoMemory) {
 TEST_F(MemoryRunsOut, LongerIdentityWouldFailInItsOwnWordsAndLeaveTheValueAlone) {
     // No text of this component is so long, hence not through the module.
     const std::string longer(100, 'x');
-    for (const auto& [failure, message] :
-         {std::pair(component::versionFailure, "Unable to get component version."),
-          std::pair(component::variantFailure, "Unable to get component variant."),
-          std::pair(component::nameFailure, "Unable to get component name.")}) {
+    for (const auto& [failure, message] : {std::pair(component::versionFailure, "Unable to get component version."),
+                                           std::pair(component::variantFailure, "Unable to get component variant."),
+                                           std::pair(component::nameFailure, "Unable to get component name.")}) {
         for (const Fail fail : {Fail::one, Fail::allFrom}) {
             base::StringResult result;
             result.mResult = olderError();

@@ -225,9 +225,7 @@ private:
     Pool<ProjectionState> mProjections;
     Pool<SurfaceState> mSurfaces;
     Pool<PlanarCameraState> mCameras;
-    std::tuple<ViewState, ProjectionState, SurfaceState,
-               PlanarCameraState>
-        mDefaults;
+    std::tuple<ViewState, ProjectionState, SurfaceState, PlanarCameraState> mDefaults;
 };
 
 } // namespace qel::api::camera::test

@@ -234,7 +234,9 @@ int compare(CameraAPIIf& service, const std::span<const char* const> paths) {
         source.get(expected);
         const AnyResult result = callAfresh(service, operation, arguments);
         const Difference difference = std::visit(
-            [&](const auto& held) { return differenceOf(held, std::get<std::remove_cvref_t<decltype(held)>>(expected)); },
+            [&](const auto& held) {
+                return differenceOf(held, std::get<std::remove_cvref_t<decltype(held)>>(expected));
+            },
             result);
         operations.add(difference);
         each[operation.number].add(difference);

@@ -124,8 +124,12 @@ bool showsFiniteNumbers(const Value& value) {
 
 bool AnyOperation::canFail() const {
     return std::ranges::any_of(blank, [](const AnyArgument& argument) {
-        return std::visit([](const auto& value) { return requires { value.mPrivate; } || requires { value.mData; }; },
-                          argument);
+        return std::visit(
+            [](const auto& value) {
+                return requires { value.mPrivate; }
+                || requires { value.mData; };
+            },
+            argument);
     });
 }
 
@@ -152,7 +156,8 @@ std::string AnyOperation::failureMessage() const {
 const std::vector<AnyOperation>& allOperations() {
     static const std::vector<AnyOperation> all = []<std::size_t... Number>(std::index_sequence<Number...>) {
         return std::vector<AnyOperation>{describe<Number>()...};
-    }(std::make_index_sequence<operationCount>());
+    }
+    (std::make_index_sequence<operationCount>());
     return all;
 }
 

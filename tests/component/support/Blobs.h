@@ -75,7 +75,8 @@ inline constexpr std::size_t cameraSize = 1080;
 inline constexpr std::size_t kindOf4x4 = 128;
 inline constexpr std::size_t kindOf3x3 = 72;
 
-/// A stretch of a blob's bytes: doubles, words of 4 or 8 bytes, or what no reader looks at and every writer leaves zero.
+/// A stretch of a blob's bytes: doubles, words of 4 or 8 bytes, or what no reader looks at and every writer leaves
+/// zero.
 enum class Holds : std::uint8_t { nothing, words, doubles };
 struct Stretch {
     std::size_t offset;
@@ -87,8 +88,8 @@ using Stretches = std::vector<Stretch>;
 /// The elements of a matrix, its kind word and the padding.
 inline void addMatrix(Stretches& stretches, const std::size_t offset, const std::size_t elements) {
     stretches.insert(stretches.end(), {{offset, elements, Holds::doubles},
-                             {offset + elements, 4, Holds::words},
-                             {offset + elements + 4, 4, Holds::nothing}});
+                                       {offset + elements, 4, Holds::words},
+                                       {offset + elements + 4, 4, Holds::nothing}});
 }
 
 inline Stretches stretchesOf(const ViewState& /*state*/) {
@@ -104,8 +105,8 @@ inline Stretches stretchesOf(const ProjectionState& /*state*/) {
     addMatrix(stretches, at::projectionMatrix, kindOf4x4);
     addMatrix(stretches, at::projectionInverse, kindOf4x4);
     stretches.insert(stretches.end(), {{at::projectionType, 4, Holds::words},
-                             {at::projectionType + 4, 4, Holds::nothing},
-                             {at::frustum, 48, Holds::doubles}});
+                                       {at::projectionType + 4, 4, Holds::nothing},
+                                       {at::frustum, 48, Holds::doubles}});
     return stretches;
 }
 inline Stretches stretchesOf(const SurfaceState& /*state*/) {

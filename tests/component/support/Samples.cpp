@@ -11,12 +11,10 @@ namespace qel::api::camera::test {
 namespace {
 
 const std::map<std::string_view, Vector> vectors{
-    {"eye", vectorOf(1.0, 2.0, 3.0)},     {"lookat", vectorOf(0.0, 0.5, -4.0)},
-    {"up", vectorOf(0.0, 1.0, 0.25)},     {"target", vectorOf(0.5, -1.0, 0.0)},
-    {"axis", vectorOf(0.25, 0.5, -1.0)},  {"offset", vectorOf(0.5, -0.25, 1.0)},
-    {"pivot", vectorOf(0.25, 0.0, -0.5)}, {"centre", vectorOf(0.5, 0.25, -1.0)},
-    {"anchor", vectorOf(0.25, 0.5, 0.0)}, {"point", vectorOf(0.5, -0.25, -2.0)},
-    {"vector", vectorOf(1.0, -2.0, 0.5)},
+    {"eye", vectorOf(1.0, 2.0, 3.0)},      {"lookat", vectorOf(0.0, 0.5, -4.0)},  {"up", vectorOf(0.0, 1.0, 0.25)},
+    {"target", vectorOf(0.5, -1.0, 0.0)},  {"axis", vectorOf(0.25, 0.5, -1.0)},   {"offset", vectorOf(0.5, -0.25, 1.0)},
+    {"pivot", vectorOf(0.25, 0.0, -0.5)},  {"centre", vectorOf(0.5, 0.25, -1.0)}, {"anchor", vectorOf(0.25, 0.5, 0.0)},
+    {"point", vectorOf(0.5, -0.25, -2.0)}, {"vector", vectorOf(1.0, -2.0, 0.5)},
 };
 
 const std::map<std::string_view, double> doubles{
