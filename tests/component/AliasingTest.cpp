@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 
 #include "tests/component/support/Calls.h"
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <set>
 #include <string>
 #include <type_traits>
 
@@ -164,16 +162,6 @@ TEST_F(BlobInput, OtherTypeFlagIsPerspectiveAndCarriedUntilRewritten) {
         EXPECT_EQ(wordAt(result.mValue.mPrivate, at::projectionType), 1U);
         EXPECT_EQ(result.mValue.mProjectionType, ProjectionType::ORTHOGRAPHIC);
     }
-}
-
-TEST_F(BlobInput, OtherTypeFlagIsCarriedIntoAPlanarCamera) {
-    ProjectionState state;
-    state.mPrivate = mSamples.projection.mPrivate;
-    putWord(state.mPrivate, at::projectionType, 9);
-    PlanarCameraStateResult result;
-    mService->planarCameraSetProjection(result, mSamples.planarCamera, state);
-    EXPECT_EQ(wordAt(result.mValue.mPrivate, at::planarProjection + at::projectionType), 9U);
-    EXPECT_EQ(wordAt(result.mValue.mProjectionState.mPrivate, at::projectionType), 9U);
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include <initializer_list>
 #include <sstream>
 #include <string>
-#include <utility>
 
 #include "tests/component/support/Blobs.h"
 #include "tests/component/support/Calls.h"
@@ -218,33 +217,6 @@ TEST_F(BlobLayout, NestedBlobsAreTheirPartsOfThePlanarCameras) {
                            state.mViewState.mPrivate + state.mProjectionState.mPrivate + state.mSurfaceState.mPrivate),
                 "");
         }
-    }
-}
-
-TEST_F(BlobLayout, PublicFieldsSayWhatTheBlobHolds) {
-    const Samples& samples = mSamples;
-    const ViewState& view = samples.view;
-    for (std::size_t r = 0; r < 4; ++r) {
-        for (std::size_t c = 0; c < 4; ++c) {
-            EXPECT_EQ(view.mViewMatrix.mData[r][c], elementAt(view.mPrivate, at::viewMatrix, r, c));
-            EXPECT_EQ(view.mViewTransformMatrix.mData[r][c], elementAt(view.mPrivate, at::viewTransformMatrix, r, c));
-            EXPECT_EQ(samples.projection.mProjectionMatrix.mData[r][c],
-                      elementAt(samples.projection.mPrivate, at::projectionMatrix, r, c));
-        }
-    }
-    for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(view.mEye.mData[i], doubleAt(view.mPrivate, at::eye + 8 * i));
-        EXPECT_EQ(view.mDirection.mData[i], -doubleAt(view.mPrivate, at::rotation + 8 * (6 + i)));
-    }
-    const Frustum& frustum = samples.projection.mFrustum;
-    const double sides[] = {frustum.mLeft, frustum.mRight,    frustum.mBottom,
-                            frustum.mTop,  frustum.mNearDist, frustum.mFarDist};
-    const Viewport& viewport = samples.surface.mViewport;
-    const double extents[] = {viewport.mX,      viewport.mY,        viewport.mWidth,
-                              viewport.mHeight, viewport.mDepthMin, viewport.mDepthMax};
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(sides[i], doubleAt(samples.projection.mPrivate, at::frustum + 8 * i));
-        EXPECT_EQ(extents[i], doubleAt(samples.surface.mPrivate, at::viewport + 8 * i));
     }
 }
 

@@ -7,7 +7,6 @@
 #include <type_traits>
 
 #include "component/CameraLibraryHandler.h"
-#include "component/Failure.h"
 #include "component/ReadArguments.h"
 #include "component/ReadState.h"
 #include "component/WriteState.h"
@@ -63,17 +62,6 @@ TEST(Arguments, MatricesAreGeneralAndReadByRows) {
     Matrix back;
     write(back, m);
     EXPECT_EQ(back.mData, matrix.mData);
-}
-
-TEST(Failure, SetsCodeAndMessageWithTheirFlags) {
-    base::ServiceResult result;
-    Failure::ofCall("viewYaw").report(result);
-    EXPECT_EQ(result.mError, -1);
-    EXPECT_EQ(result.mMessage, "Call to viewYaw() failed.");
-    EXPECT_TRUE(result.__isset.mError);
-    EXPECT_TRUE(result.__isset.mMessage);
-    Failure::withText("Unable to create View object.").report(result);
-    EXPECT_EQ(result.mMessage, "Unable to create View object.");
 }
 
 TEST(Handler, HoldsTwoPointersBesideItsTables) {

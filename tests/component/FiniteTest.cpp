@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <random>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include "tests/component/support/Calls.h"

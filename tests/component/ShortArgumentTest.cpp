@@ -101,15 +101,6 @@ TEST_F(ShortArgument, FailsTheCallWithItsCodeAndMessageAndLeavesThePayloadAlone)
     }
 }
 
-TEST_F(ShortArgument, FailureIsReportedOverSuccessAndTheNextSuccessDoesNotHideIt) {
-    ViewStateResult result;
-    mService->viewYaw(result, ViewState(), 0.5);
-    expectFailure(result.mResult, CameraAPIError::CAMERA_API_ERROR_UNKNOWN, "Call to viewYaw() failed.");
-    mService->viewYaw(result, mSamples.view, 0.5);
-    expectFailure(result.mResult, CameraAPIError::CAMERA_API_ERROR_UNKNOWN, "Call to viewYaw() failed.");
-    EXPECT_EQ(result.mValue.mPrivate.size(), at::viewSize);
-}
-
 TEST_F(ShortArgument, SurplusValuesRowsAndBytesAreIgnored) {
     for (const AnyOperation& operation : allOperations()) {
         if (operation.isTransposition()) { // any shape is right

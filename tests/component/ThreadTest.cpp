@@ -9,17 +9,14 @@
 #include <barrier>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <stdexcept>
-#include <string>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "tests/component/support/Calls.h"
+#include "tests/host/TemporaryFolder.h"
 
 namespace qel::api::camera::test {
 
@@ -34,21 +31,7 @@ constexpr std::size_t callsAtOnce = CAMERA_TEST_CALLS_AT_ONCE; ///< of one opera
 /// A copy of the module's file, which is loaded as a module of its own, and so unloaded for good.
 class ModuleCopy {
 public:
-    ModuleCopy() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "camera-module-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no folder " + pattern);
-        }
-        mFolder = pattern;
-        mFile = mFolder / "CameraLibrary.so";
-        std::filesystem::copy_file(CAMERA_MODULE_FILE, mFile);
-    }
-    ~ModuleCopy() {
-        std::error_code ignored;
-        std::filesystem::remove_all(mFolder, ignored);
-    }
-    ModuleCopy(const ModuleCopy&) = delete;
-    ModuleCopy& operator=(const ModuleCopy&) = delete;
+    ModuleCopy() { std::filesystem::copy_file(CAMERA_MODULE_FILE, mFile); }
 
     [[nodiscard]] const char* file() const { return mFile.c_str(); }
 
@@ -61,8 +44,8 @@ public:
     }
 
 private:
-    std::filesystem::path mFolder;
-    std::filesystem::path mFile;
+    qel::host::test::TemporaryFolder mFolder;
+    std::filesystem::path mFile = mFolder / "CameraLibrary.so";
 };
 
 /// Threads that do something over and over until this object goes.

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <string>
 
 #include <qel/api/camera/Results.h>
 

@@ -10,7 +10,6 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 #include "tests/component/support/AnyOperation.h"

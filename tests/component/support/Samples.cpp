@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <string>
 #include <type_traits>
 
 namespace qel::api::camera::test {
