@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-
 #include "tests/component/support/Calls.h"
 #include "tests/component/support/ExpectValues.h"
 

@@ -103,13 +103,27 @@ CAMERA_VISIBLE void free(void* block) noexcept {
     __libc_free(block);
 }
 }
-#else
+#endif
 
 namespace {
 
 void* allocate(std::size_t size) noexcept {
+#if CAMERA_REPLACE_MALLOC
+    return std::malloc(size); // fails and counts by itself
+#else
     return qel::test::mustFail() ? nullptr : qel::test::counted(std::malloc(size == 0 ? 1 : size));
+#endif
 }
+
+} // namespace
+
+// The library's own would throw and catch, for which it needs memory.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+
+#if !CAMERA_REPLACE_MALLOC
+namespace {
+
 void* allocateOrThrow(std::size_t size) {
     if (void* const block = allocate(size)) {
         return block;
@@ -125,8 +139,6 @@ void release(void* block) noexcept {
 
 void* operator new(std::size_t size) { return allocateOrThrow(size); }
 void* operator new[](std::size_t size) { return allocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void operator delete(void* block) noexcept { release(block); }
 void operator delete[](void* block) noexcept { release(block); }
 void operator delete(void* block, std::size_t) noexcept { release(block); }

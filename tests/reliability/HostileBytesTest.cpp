@@ -49,9 +49,9 @@ TYPED_TEST_SUITE(WireType, Protocols);
 
 TYPED_TEST(WireType, OfAnUnknownFieldIsRefusedUnlessItIsKnown) {
     for (int type = 0; type < 256; ++type) {
-        const bool isContainer = type == T_MAP || type == T_SET || type == T_LIST; // of no type: refused for that
-        const bool known = types.contains(type) || type == T_STOP;
-        EXPECT_EQ((reads<TypeParam>(type, 0)), known && !isContainer) << type;
+        if (type != T_MAP && type != T_SET && type != T_LIST) { // which have elements: see below
+            EXPECT_EQ((reads<TypeParam>(type, 0)), types.contains(type) || type == T_STOP) << type;
+        }
     }
 }
 
