@@ -92,9 +92,6 @@ TEST(ModuleLife, InstancesAreDistinctAndIndependent) {
     base::StringResult name;
     second->getComponentName(name);
     EXPECT_EQ(name.mValue, "CameraAPI");
-    SurfaceStateResult surface;
-    cameraOf(second.get()).surfaceCreateDefault(surface);
-    EXPECT_EQ(surface.mValue.mResolutionX, 640.0);
 }
 
 TEST(ModuleLife, TwoHandlesShareOneModule) {

@@ -43,12 +43,6 @@ TEST_F(ProjectionOperations, CreateDefaultIs45DegreesAt4To3) {
     EXPECT_NEAR(mNumber.mValue, 4.0 / 3, rounding);
 }
 
-TEST_F(ProjectionOperations, CreateTakesTheFrustum) {
-    mService->projectionCreate(mResult, frustumOf(-1, 1, -1, 1, 1, 3), ProjectionType::PERSPECTIVE);
-    EXPECT_EQ(mResult.mValue.mProjectionMatrix.mData,
-              (Rows{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, -2, -3}, {0, 0, -1, 0}}));
-}
-
 TEST_F(ProjectionOperations, CreateWithAnInvalidFrustumIsTheDefault) {
     for (const Frustum& invalid : {frustumOf(1, 1, -1, 1, 1, 3), frustumOf(-1, 1, 2, 1, 1, 3),
                                    frustumOf(-1, 1, -1, 1, 1e-7, 3), frustumOf(-1, 1, -1, 1, 3, 3)}) {

@@ -37,11 +37,6 @@ TEST_F(SurfaceOperations, CreateDefaultIs640By480) {
     EXPECT_EQ(fingerprint(mDefault.mViewport), fingerprint(viewportOf(0, 0, 1, 1, 0, 1)));
 }
 
-TEST_F(SurfaceOperations, CreateTakesThePartOfTheSurface) {
-    mService->surfaceCreate(mResult, 0.25, 0.5, 0.5, 0.25, 0.25, 0.75, 800, 400);
-    EXPECT_EQ(matrix().mData, (Rows{{200, 0, 0, 400}, {0, 50, 0, 250}, {0, 0, 0.25, 0.5}, {0, 0, 0, 1}}));
-}
-
 TEST_F(SurfaceOperations, CreateOutOfRangeIsTheDefault) {
     mService->surfaceCreate(mResult, 1.5, 0, 1, 1, 0, 1, 800, 600);
     expectDefault();
