@@ -52,14 +52,14 @@ TEST_F(Outcome, FlagsOfThePayloadStayAndThoseOfTheRecordsInsideItEndLowered) {
     for (const AnyOperation& operation : allOperations()) {
         SCOPED_TRACE(operation.name);
         for (const bool raised : {false, true}) {
-            AnyResult result = operation.fresh;
+            AnyResult result = raised ? callSample(operation) : operation.fresh;
             setAllFlags(result, raised);
             const std::string expected = flagsAfterSuccess(result);
             call(*mService, operation, result, mSamples.argumentsOf(operation));
             EXPECT_EQ(flagsOf(result), expected);
         }
     }
-    // The same, spelled out for one record.
+    // The same, spelled out for one record that is fresh.
     AnyResult raised = PlanarCameraStateResult();
     setAllFlags(raised, true);
     auto camera = std::get<PlanarCameraStateResult>(raised);
