@@ -2,19 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
-#include <utility>
 
 #include "component/CameraLibraryHandler.h"
-#include "component/Failure.h"
-#include "component/LittleEndian.h"
 #include "component/ReadArguments.h"
-#include "component/StateConversion.h"
+#include "component/ReadState.h"
+#include "component/WriteState.h"
 
-namespace qel::api::camera {
+namespace qel::api::camera::component {
 
 namespace {
 
@@ -45,7 +42,7 @@ TEST(Arguments, ErrorsNameTheArgumentWhatWasExpectedAndWhatCame) {
     EXPECT_EQ(messageOf([&] { (void)toMat4(matrix, "matrix"); }), "argument matrix: expected 4 values in a row, got 1");
 }
 
-TEST(Arguments, ErrorsNameTheStateAndTheSizeOfItsImage) {
+TEST(Arguments, ErrorsNameTheStateAndTheSizeOfItsBlob) {
     ViewState view;
     view.mPrivate.assign(383, '\0');
     EXPECT_EQ(messageOf([&] { (void)toObject(view); }), "ViewState::mPrivate: expected 384 bytes, got 383");
@@ -67,29 +64,6 @@ TEST(Arguments, MatricesAreGeneralAndReadByRows) {
     EXPECT_EQ(back.mData, matrix.mData);
 }
 
-TEST(LittleEndian, NumbersStandLeastSignificantByteFirst) {
-    std::array<char, 8> bytes{};
-    writeNumber(bytes.data(), 1.5); // 3FF8000000000000
-    EXPECT_EQ(std::string(bytes.data(), 8), std::string("\0\0\0\0\0\0\xF8\x3F", 8));
-    EXPECT_EQ(readNumber<double>(bytes.data()), 1.5);
-    writeNumber(bytes.data(), std::uint32_t(0x01020304));
-    EXPECT_EQ(std::string(bytes.data(), 4), "\4\3\2\1");
-    writeNumber(bytes.data(), std::int32_t(-2));
-    EXPECT_EQ(std::string(bytes.data(), 4), "\xFE\xFF\xFF\xFF");
-    EXPECT_EQ(readNumber<std::int32_t>(bytes.data()), -2);
-}
-
-TEST(Failure, SetsCodeAndMessageWithTheirFlags) {
-    base::ServiceResult result;
-    Failure::ofCall("viewYaw").report(result);
-    EXPECT_EQ(result.mError, -1);
-    EXPECT_EQ(result.mMessage, "Call to viewYaw() failed.");
-    EXPECT_TRUE(result.__isset.mError);
-    EXPECT_TRUE(result.__isset.mMessage);
-    Failure::withText("Unable to create View object.").report(result);
-    EXPECT_EQ(result.mMessage, "Unable to create View object.");
-}
-
 TEST(Handler, HoldsTwoPointersBesideItsTables) {
     static_assert(std::is_base_of_v<CameraAPIIf, CameraLibraryHandler>);
     static_assert(std::is_nothrow_default_constructible_v<CameraLibraryHandler>);
@@ -99,4 +73,4 @@ TEST(Handler, HoldsTwoPointersBesideItsTables) {
 
 } // namespace
 
-} // namespace qel::api::camera
+} // namespace qel::api::camera::component

@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <random>
-#include <string>
-#include <tuple>
+#include <string_view>
 #include <vector>
 
 #include "tests/component/support/Calls.h"
-#include "tests/component/support/Finite.h"
-#include "tests/component/support/LoadedModule.h"
-#include "tests/component/support/Samples.h"
-#include "tests/component/support/Slots.h"
 
 namespace qel::api::camera::test {
 
@@ -24,45 +16,60 @@ namespace {
 // Finite arguments keep a finite camera finite, but for the divisions by zero and overflows that the documentation
 // lists. Arguments here are of ordinary size and avoid the former: sizes of viewports are positive, depths differ.
 
-class OrdinaryArguments {
-public:
-    explicit OrdinaryArguments(const std::uint64_t seed) : mRandom(seed) {}
-
+class FiniteCamera : public ServiceTest, public ::testing::WithParamInterface<std::uint64_t> {
+protected:
     std::size_t below(const std::size_t bound) { return static_cast<std::size_t>(mRandom() % bound); }
 
-    template <class Argument>
-    Argument argument(const std::string_view name, const Samples& states) {
-        if constexpr (std::is_same_v<Argument, double>) {
-            return number(name);
-        } else if constexpr (std::is_same_v<Argument, std::int32_t>) {
-            return static_cast<std::int32_t>(below(3000)) - 500;
-        } else if constexpr (std::is_same_v<Argument, ProjectionType::type>) {
-            return static_cast<ProjectionType::type>(below(2));
-        } else if constexpr (std::is_same_v<Argument, Vector>) {
-            return vectorOf(number(""), number(""), number(""));
-        } else if constexpr (std::is_same_v<Argument, Quaternion>) {
-            return quaternionOf(number(""), number(""), number(""), number(""));
-        } else if constexpr (std::is_same_v<Argument, Matrix>) {
-            Matrix matrix = states.argument<Matrix>(name);
-            for (std::vector<double>& row : matrix.mData) {
-                for (double& value : row) {
-                    value += between(-1.0, 1.0);
-                }
-            }
-            return matrix;
-        } else if constexpr (std::is_same_v<Argument, Frustum>) {
-            const double nearDist = between(0.01, 5.0);
-            return frustumOf(number(""), number(""), number(""), number(""), nearDist, nearDist + between(0.1, 100.0));
-        } else if constexpr (std::is_same_v<Argument, Viewport>) {
-            const double depth = between(-1.0, 1.0);
-            return viewportOf(between(0.0, 1.0), between(0.0, 1.0), between(0.01, 1.0), between(0.01, 1.0), depth,
-                              depth + between(0.01, 1.0));
-        } else {
-            return states.argument<Argument>(name);
+    Arguments argumentsOf(const AnyOperation& operation) {
+        Arguments arguments = mSamples.argumentsOf(operation);
+        for (std::size_t i = 0; i < arguments.size(); ++i) {
+            std::visit([&](auto& argument) { draw(operation.argumentNames[i], argument); }, arguments[i]);
         }
+        return arguments;
+    }
+
+    /// Takes a state for later calls; says whether a state is finite. A value may be anything: infinities are passed
+    /// on.
+    bool keep(const AnyArgument& payload) {
+        std::visit([&](const auto& value) { take(value); }, payload);
+        return blobOf(payload) == nullptr || isFinite(payload);
     }
 
 private:
+    void take(const auto& /*value*/) {}
+    void take(const ViewState& state) { mSamples.view = state; }
+    void take(const ProjectionState& state) { mSamples.projection = state; }
+    void take(const SurfaceState& state) { mSamples.surface = state; }
+    void take(const PlanarCameraState& state) { mSamples.planarCamera = state; }
+
+    void draw(std::string_view /*name*/, auto& /*state*/) {} // as it is
+    void draw(const std::string_view name, double& value) { value = number(name); }
+    void draw(std::string_view, std::int32_t& value) { value = static_cast<std::int32_t>(below(3000)) - 500; }
+    void draw(std::string_view, ProjectionType::type& type) { type = static_cast<ProjectionType::type>(below(2)); }
+    void draw(std::string_view, Vector& vector) { draw(vector.mData); }
+    void draw(std::string_view, Quaternion& quaternion) { draw(quaternion.mData); }
+    void draw(std::vector<double>& numbers) {
+        for (double& value : numbers) {
+            value = number("");
+        }
+    }
+    void draw(std::string_view, Matrix& matrix) {
+        for (std::vector<double>& row : matrix.mData) {
+            for (double& value : row) {
+                value += between(-1.0, 1.0);
+            }
+        }
+    }
+    void draw(std::string_view, Frustum& frustum) {
+        const double nearDist = between(0.01, 5.0);
+        frustum = frustumOf(number(""), number(""), number(""), number(""), nearDist, nearDist + between(0.1, 100.0));
+    }
+    void draw(std::string_view, Viewport& viewport) {
+        const double depth = between(-1.0, 1.0);
+        viewport = viewportOf(between(0.0, 1.0), between(0.0, 1.0), between(0.01, 1.0), between(0.01, 1.0), depth,
+                              depth + between(0.01, 1.0));
+    }
+
     double between(const double low, const double high) {
         return low + (high - low) * static_cast<double>(mRandom() >> 11) * 0x1p-53;
     }
@@ -89,65 +96,18 @@ private:
         }
     }
 
-    std::mt19937_64 mRandom;
+    std::mt19937_64 mRandom{GetParam()};
 };
-
-/// A walk through the operations, each working on what an earlier one gave.
-class Walk {
-public:
-    explicit Walk(const std::uint64_t seed) : mArguments(seed), mStates(*mService) {
-        forEachOperation([&](std::size_t, const auto& operation) {
-            mSteps.push_back([this, &operation] { return step(operation); });
-        });
-    }
-
-    void startAgain() { mStates = Samples(*mService); }
-
-    /// Runs any operation; says which one where it made something that is not finite.
-    std::string step() {
-        const std::size_t slot = mArguments.below(mSteps.size());
-        return mSteps[slot]() ? "" : std::string(slots[slot].operation);
-    }
-
-private:
-    template <class Result, class... Arguments>
-    bool step(const Operation<Result, Arguments...>& operation) {
-        return step(operation, std::index_sequence_for<Arguments...>());
-    }
-
-    template <class Result, class... Arguments, std::size_t... Index>
-    bool step(const Operation<Result, Arguments...>& operation, std::index_sequence<Index...>) {
-        const std::tuple<std::remove_cvref_t<Arguments>...> arguments{
-            mArguments.template argument<std::remove_cvref_t<Arguments>>(operation.argumentNames[Index], mStates)...};
-        const Result result = callAfresh(*mService, operation, arguments);
-        expectSuccess(result);
-        return keep(result.mValue);
-    }
-
-    bool keep(const ViewState& state) { return isFinite(mStates.view = state); }
-    bool keep(const ProjectionState& state) { return isFinite(mStates.projection = state); }
-    bool keep(const SurfaceState& state) { return isFinite(mStates.surface = state); }
-    bool keep(const PlanarCameraState& state) { return isFinite(mStates.planarCamera = state); }
-    bool keep(const Matrix&) { return true; } // no camera: infinities are passed on
-    bool keep(const Vector&) { return true; }
-    bool keep(const double&) { return true; }
-
-    LoadedService mService;
-    OrdinaryArguments mArguments;
-    Samples mStates;
-    std::vector<std::function<bool()>> mSteps;
-};
-
-class FiniteCamera : public ::testing::TestWithParam<std::uint64_t> {};
 
 TEST_P(FiniteCamera, StaysFiniteOnWalksThroughTheOperations) {
-    Walk walk(GetParam());
-    for (int i = 0; i < 200 && !HasFailure(); ++i) {
-        walk.startAgain();
-        std::string road;
-        for (int k = 0; k < 60; ++k) {
-            const std::string culprit = walk.step();
-            ASSERT_EQ(culprit, "") << "walk " << i << ", step " << k;
+    const Samples start = mSamples;
+    for (int walk = 0; walk < 200; ++walk) {
+        mSamples = start;
+        for (int step = 0; step < 60; ++step) {
+            const AnyOperation& operation = allOperations()[below(operationCount)];
+            const AnyResult result = callAfresh(*mService, operation, argumentsOf(operation));
+            expectSuccess(result);
+            ASSERT_TRUE(keep(payloadOf(result))) << operation.name << " in walk " << walk << ", step " << step;
         }
     }
 }

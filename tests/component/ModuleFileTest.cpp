@@ -4,6 +4,9 @@
 
 #include <link.h>
 
+#include <string>
+#include <string_view>
+
 #include "tests/component/support/ElfFile.h"
 #include "tests/component/support/Sanitized.h"
 
@@ -20,6 +23,7 @@ const ElfFile& moduleFile() {
     return file;
 }
 
+// Nor a symbol unique to the process, which would pin the module in it for good.
 TEST(ModuleFile, ExportsTheFactoryAndNothingElse) {
     ASSERT_EQ(moduleFile().exports().size(), 1U);
     EXPECT_EQ(moduleFile().exports().front().name, "createComponentInstance");
@@ -39,11 +43,10 @@ TEST(ModuleFile, NeedsTheRuntimesOfCAndCxxAlone) {
 
 TEST(ModuleFile, DoesNotAskToStayLoaded) { EXPECT_EQ(moduleFile().flags1() & DF_1_NODELETE, 0U); }
 
-TEST(ModuleFile, DefinesNoSymbolUniqueToTheProcess) {
-    // Such a symbol would pin the module in the process for good.
-    for (const ElfFile::Symbol& symbol : moduleFile().exports()) {
-        EXPECT_NE(symbol.binding, STB_GNU_UNIQUE) << symbol.name;
-    }
+TEST(ModuleFile, HasANameOfItsOwnAndTheNameOfTheInterface) {
+    EXPECT_EQ(moduleFile().soname(), "CameraLibrary.so");
+    using namespace std::string_view_literals;
+    EXPECT_NE(moduleFile().bytes().find("\0BaseAPI\0"sv), std::string::npos) << "text that tools look for in modules";
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "tests/component/support/Calls.h"
 #include "tests/component/support/ExpectValues.h"
 
@@ -39,11 +37,6 @@ TEST_F(SurfaceOperations, CreateDefaultIs640By480) {
     EXPECT_EQ(fingerprint(mDefault.mViewport), fingerprint(viewportOf(0, 0, 1, 1, 0, 1)));
 }
 
-TEST_F(SurfaceOperations, CreateTakesThePartOfTheSurface) {
-    mService->surfaceCreate(mResult, 0.25, 0.5, 0.5, 0.25, 0.25, 0.75, 800, 400);
-    EXPECT_EQ(matrix().mData, (Rows{{200, 0, 0, 400}, {0, 50, 0, 250}, {0, 0, 0.25, 0.5}, {0, 0, 0, 1}}));
-}
-
 TEST_F(SurfaceOperations, CreateOutOfRangeIsTheDefault) {
     mService->surfaceCreate(mResult, 1.5, 0, 1, 1, 0, 1, 800, 600);
     expectDefault();
@@ -57,11 +50,6 @@ TEST_F(SurfaceOperations, CreateOutOfRangeIsTheDefault) {
     expectDefault();
 }
 
-TEST_F(SurfaceOperations, CreateTakesAViewportThatReachesBeyondTheSurface) {
-    mService->surfaceCreate(mResult, 1, 1, 3, 2, 0, 1, 100, 100);
-    EXPECT_EQ(mResult.mValue.mViewport.mWidth, 3.0);
-}
-
 TEST_F(SurfaceOperations, SetViewportLeavesTheMatricesAlone) {
     mService->surfaceSetViewport(mResult, mDefault, viewportOf(0.5, 0, 0.5, 1, 0, 1));
     EXPECT_EQ(fingerprint(mResult.mValue.mViewport), fingerprint(viewportOf(0.5, 0, 0.5, 1, 0, 1)));
@@ -71,11 +59,6 @@ TEST_F(SurfaceOperations, SetViewportLeavesTheMatricesAlone) {
     EXPECT_EQ(matrix().mData, (Rows{{160, 0, 0, 480}, {0, 240, 0, 240}, {0, 0, 0.5, 0.5}, {0, 0, 0, 1}}));
 }
 
-TEST_F(SurfaceOperations, SetViewportTakesAnyValues) {
-    mService->surfaceSetViewport(mResult, mDefault, viewportOf(-7, 1e300, 0, -1, 9, 9));
-    EXPECT_EQ(fingerprint(mResult.mValue.mViewport), fingerprint(viewportOf(-7, 1e300, 0, -1, 9, 9)));
-}
-
 TEST_F(SurfaceOperations, SetResolutionRebuildsTheMatrices) {
     mService->surfaceSetResolutionX(mResult, mDefault, 1280);
     EXPECT_EQ(mResult.mValue.mResolutionX, 1280.0);
@@ -83,13 +66,6 @@ TEST_F(SurfaceOperations, SetResolutionRebuildsTheMatrices) {
     mService->surfaceSetResolutionY(mResult, mDefault, 960);
     EXPECT_EQ(mResult.mValue.mResolutionY, 960.0);
     EXPECT_EQ(matrix().mData, (Rows{{320, 0, 0, 320}, {0, 480, 0, 480}, {0, 0, 0.5, 0.5}, {0, 0, 0, 1}}));
-}
-
-TEST_F(SurfaceOperations, SetResolutionIgnoresZero) {
-    mService->surfaceSetResolutionX(mResult, mDefault, 0);
-    expectDefault();
-    mService->surfaceSetResolutionY(mResult, mDefault, 0);
-    expectDefault();
 }
 
 TEST_F(SurfaceOperations, ResolutionsAreReadAsUnsigned) {
@@ -110,15 +86,6 @@ TEST_F(SurfaceOperations, UpdateReplacesAllOrNothing) {
     EXPECT_EQ(matrix().mData, (Rows{{50, 0, 0, 150}, {0, 25, 0, 50}, {0, 0, 0.5, 0.5}, {0, 0, 0, 1}}));
     mService->surfaceUpdate(mResult, mDefault, 0.5, 1.25, 0.5, 0.5, 0, 1, 200, 100);
     expectDefault();
-}
-
-TEST_F(SurfaceOperations, EqualDepthsGiveInfinities) {
-    mService->surfaceUpdate(mResult, mDefault, 0, 0, 1, 1, 0.5, 0.5, 640, 480);
-    expectSuccess(mResult);
-    const Matrix inverse = matrixAt(mResult.mValue.mPrivate, at::surfaceInverse);
-    EXPECT_TRUE(std::isinf(inverse.mData[2][2]));
-    EXPECT_TRUE(std::isinf(inverse.mData[2][3]));
-    EXPECT_EQ(inverse.mData[0][0], 1.0 / 320);
 }
 
 } // namespace

@@ -55,42 +55,10 @@ std::size_t Allocations::asked() const { return watch.asked; }
 std::size_t Allocations::failed() const { return watch.failed; }
 std::ptrdiff_t heldBlocks() { return blocks.load(); }
 
-namespace {
-
-constexpr bool mallocIsReplaced = CAMERA_REPLACE_MALLOC != 0; // and so fails and counts by itself
-
-void* allocate(const std::size_t size, const std::size_t alignment) noexcept {
-    if (!mallocIsReplaced && mustFail()) {
-        return nullptr;
-    }
-    void* const block = alignment <= __STDCPP_DEFAULT_NEW_ALIGNMENT__
-                            ? std::malloc(size == 0 ? 1 : size)
-                            : std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
-    return mallocIsReplaced ? block : counted(block);
-}
-
-void* allocateOrThrow(const std::size_t size, const std::size_t alignment) {
-    if (void* const block = allocate(size, alignment)) {
-        return block;
-    }
-    throw std::bad_alloc();
-}
-
-void release(void* const block) noexcept {
-    if (!mallocIsReplaced) {
-        uncount(block);
-    }
-    std::free(block);
-}
-
-constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
-
-} // namespace
-
 } // namespace qel::test
 
 #if CAMERA_REPLACE_MALLOC
-// All that a block can come from, since any of them may end in free.
+// All that a block can come from, since any of them may end in free. operator new ends in malloc.
 #define CAMERA_VISIBLE __attribute__((visibility("default")))
 extern "C" {
 // glibc's own.
@@ -137,37 +105,44 @@ CAMERA_VISIBLE void free(void* block) noexcept {
 }
 #endif
 
-// NOLINTBEGIN(misc-new-delete-overloads)
-void* operator new(std::size_t size) { return qel::test::allocateOrThrow(size, qel::test::usual); }
-void* operator new[](std::size_t size) { return qel::test::allocateOrThrow(size, qel::test::usual); }
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    return qel::test::allocateOrThrow(size, static_cast<std::size_t>(alignment));
+namespace {
+
+void* allocate(std::size_t size) noexcept {
+#if CAMERA_REPLACE_MALLOC
+    return std::malloc(size); // fails and counts by itself
+#else
+    return qel::test::mustFail() ? nullptr : qel::test::counted(std::malloc(size == 0 ? 1 : size));
+#endif
 }
-void* operator new[](std::size_t size, std::align_val_t alignment) {
-    return qel::test::allocateOrThrow(size, static_cast<std::size_t>(alignment));
+
+} // namespace
+
+// The library's own would throw and catch, for which it needs memory.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+
+#if !CAMERA_REPLACE_MALLOC
+namespace {
+
+void* allocateOrThrow(std::size_t size) {
+    if (void* const block = allocate(size)) {
+        return block;
+    }
+    throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return qel::test::allocate(size, qel::test::usual);
+void release(void* block) noexcept {
+    qel::test::uncount(block);
+    std::free(block);
 }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return qel::test::allocate(size, qel::test::usual);
-}
-void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return qel::test::allocate(size, static_cast<std::size_t>(alignment));
-}
-void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return qel::test::allocate(size, static_cast<std::size_t>(alignment));
-}
-void operator delete(void* block) noexcept { qel::test::release(block); }
-void operator delete[](void* block) noexcept { qel::test::release(block); }
-void operator delete(void* block, std::size_t) noexcept { qel::test::release(block); }
-void operator delete[](void* block, std::size_t) noexcept { qel::test::release(block); }
-void operator delete(void* block, std::align_val_t) noexcept { qel::test::release(block); }
-void operator delete[](void* block, std::align_val_t) noexcept { qel::test::release(block); }
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept { qel::test::release(block); }
-void operator delete[](void* block, std::size_t, std::align_val_t) noexcept { qel::test::release(block); }
-void operator delete(void* block, const std::nothrow_t&) noexcept { qel::test::release(block); }
-void operator delete[](void* block, const std::nothrow_t&) noexcept { qel::test::release(block); }
-void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept { qel::test::release(block); }
-void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept { qel::test::release(block); }
-// NOLINTEND(misc-new-delete-overloads)
+
+} // namespace
+
+void* operator new(std::size_t size) { return allocateOrThrow(size); }
+void* operator new[](std::size_t size) { return allocateOrThrow(size); }
+void operator delete(void* block) noexcept { release(block); }
+void operator delete[](void* block) noexcept { release(block); }
+void operator delete(void* block, std::size_t) noexcept { release(block); }
+void operator delete[](void* block, std::size_t) noexcept { release(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { release(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { release(block); }
+#endif

@@ -8,8 +8,8 @@ namespace qel::test {
 /// Makes allocations of this thread fail, in this program and in the modules that it loads, while it lives: the one
 /// numbered `first` (from 1), or that one and all after it. Counts what is allocated, and what is not given back.
 ///
-/// Every form of operator new is replaced; where no sanitizer does so already, malloc and its like too, so that the
-/// memory for a thrown exception runs out with the rest, and what C code allocates is counted.
+/// malloc and its like are replaced, so that the memory for a thrown exception runs out with the rest and what C code
+/// allocates is counted; where a sanitizer has done so already, operator new alone.
 class Allocations {
 public:
     enum class Fail { none, one, allFrom };

@@ -2,21 +2,22 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <type_traits>
 #include <vector>
 
+#include "tests/component/support/Blobs.h"
 #include "tests/component/support/RecordFields.h"
 
-namespace qel::test {
+namespace qel::api::camera::test {
 
-/// A state, whose image says everything that it is.
+/// A state, whose blob says everything that it is.
 template <class Type>
-concept HasImage = requires(const Type& value) {
+concept HasBlob = requires(const Type& value) {
     value.mPrivate;
 };
 
@@ -25,43 +26,27 @@ concept HasImage = requires(const Type& value) {
 struct Item {
     std::uint64_t bits = 0;
     bool isNumber = false;
-    std::size_t part = 0; ///< numbers of one vector, matrix or frustum, there or in an image, have the same
+    std::size_t part = 0; ///< numbers of one vector, matrix or frustum, there or in a blob, have the same
 
     [[nodiscard]] double number() const { return std::bit_cast<double>(bits); }
 };
 
-// Where in a state's image stand words and unused bytes, eight at a time; everything else there is doubles. Other texts
-// hold none.
-
+/// Whether a double stands at an offset of a record's text, which is taken eight bytes at a time: only blobs hold some.
 template <class Record>
-bool isWordAt(const Record&, std::size_t) {
-    return true;
-}
-template <std::size_t Count>
-bool isOneOf(const std::array<std::size_t, Count>& offsets, const std::size_t offset) {
-    return std::find(offsets.begin(), offsets.end(), offset) != offsets.end();
-}
-inline bool isWordAt(const api::camera::ViewState&, const std::size_t offset) {
-    return isOneOf<4>({0, 136, 272, 352}, offset); // header, the matrices' kinds
-}
-inline bool isWordAt(const api::camera::ProjectionState&, const std::size_t offset) {
-    return isOneOf<4>({0, 136, 272, 280}, offset); // header, the matrices' kinds, type
-}
-inline bool isWordAt(const api::camera::SurfaceState&, const std::size_t offset) {
-    return isOneOf<4>({0, 184, 320, 328}, offset); // header, the matrices' kinds, resolutions
-}
-inline bool isWordAt(const api::camera::PlanarCameraState& state, const std::size_t offset) {
-    return offset < 24 || (offset < 408   ? isWordAt(state.mViewState, offset - 24)
-                           : offset < 744 ? isWordAt(state.mProjectionState, offset - 408)
-                                          : isWordAt(state.mSurfaceState, offset - 744));
-}
-
-inline std::uint64_t bytesAt(const std::string& text, const std::size_t offset) {
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < 8 && offset + i < text.size(); ++i) {
-        bits |= std::uint64_t{static_cast<std::uint8_t>(text[offset + i])} << (8U * i);
+bool isDoubleAt(const Record& record, const std::size_t offset) {
+    if constexpr (HasBlob<Record>) {
+        static const std::set<std::size_t> doubles = [&] {
+            std::set<std::size_t> offsets;
+            for (const Stretch& stretch : stretchesOf(record)) {
+                for (std::size_t i = 0; stretch.holds == Holds::doubles && i < stretch.size; i += 8) {
+                    offsets.insert(stretch.offset + i);
+                }
+            }
+            return offsets;
+        }();
+        return doubles.contains(offset);
     }
-    return bits;
+    return false;
 }
 
 /// All that a value holds, in order. Two are the same exactly when their items are.
@@ -77,9 +62,9 @@ public:
 private:
     template <class Value>
     void add(const Value& value) {
-        if constexpr (api::camera::test::IsRecord<Value>) {
+        if constexpr (IsRecord<Value>) {
             ++mPart;
-            api::camera::test::forEachField(value, [&](const auto& field, const auto& member) {
+            forEachField(value, [&](const auto& field, const auto& member) {
                 addWord(field.isSet(value) ? 1U : 0U);
                 if constexpr (std::is_same_v<std::remove_cvref_t<decltype(member)>, std::string>) {
                     addText(value, member);
@@ -103,11 +88,12 @@ private:
     void addText(const Record& record, const std::string& text) {
         addWord(text.size());
         for (std::size_t i = 0; i < text.size(); i += 8) {
-            if (isWordAt(record, i)) {
-                addWord(bytesAt(text, i));
-                ++mPart;
+            const std::uint64_t bits = bitsAt(text, i, std::min<std::size_t>(8, text.size() - i));
+            if (isDoubleAt(record, i)) {
+                mItems.push_back({bits, true, mPart});
             } else {
-                mItems.push_back({bytesAt(text, i), true, mPart});
+                addWord(bits);
+                ++mPart;
             }
         }
     }
@@ -118,4 +104,4 @@ private:
     std::size_t mPart = 0;
 };
 
-} // namespace qel::test
+} // namespace qel::api::camera::test

@@ -11,7 +11,7 @@
 
 #include "tests/reliability/Contents.h"
 
-namespace qel::test {
+namespace qel::api::camera::test {
 
 /// How many doubles lie between two. Any NaN is as good as any other: which one an operation makes of which operand is
 /// up to machine and compiler.
@@ -73,4 +73,4 @@ Difference differenceOf(const Record& a, const Record& b) {
     return difference;
 }
 
-} // namespace qel::test
+} // namespace qel::api::camera::test

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -15,12 +14,7 @@
 
 #include "component/Identity.h"
 #include "tests/component/support/Calls.h"
-#include "tests/component/support/LoadedModule.h"
-#include "tests/component/support/RecordFields.h"
-#include "tests/component/support/Samples.h"
-#include "tests/component/support/Slots.h"
 #include "tests/reliability/Allocations.h"
-#include "tests/reliability/PartlyWritten.h"
 
 namespace qel::api::camera::test {
 
@@ -30,86 +24,84 @@ using Fail = qel::test::Allocations::Fail;
 using qel::test::Allocations;
 using qel::test::heldBlocks;
 
-// Every operation of the module that ships, with its 1st, 2nd, 3rd ... allocation failing until it passes.
+// Every operation of the module that ships, with its 1st, 2nd, 3rd ... allocation failing until it passes, and how many
+// it makes. The count reaches into the module, whose memory is the program's.
 
 constexpr std::size_t mostAllocations = 1000; ///< no operation comes near it; a loop that never passes ends here
 
-/// A call that no longer runs out of memory has the given number of allocations.
-template <class Call>
-std::size_t allocationsOf(const Call& call) {
+std::size_t allocationsOf(const std::function<void()>& work) {
     const Allocations allocations;
-    call();
+    work();
     return allocations.asked();
 }
 
-/// A failed call's outcome while memory was short only for a moment: the message had its memory.
-void expectMessage(const base::ServiceResult& outcome, const std::int32_t code, const char* message) {
+/// The outcome of a failed call. While memory was short only for a moment the message had its memory, else not.
+void expectFailure(const base::ServiceResult& outcome, const Fail fail, const std::int32_t code,
+                   const std::string& message) {
     EXPECT_EQ(outcome.mError, code);
     EXPECT_TRUE(outcome.__isset.mError);
-    EXPECT_EQ(outcome.mMessage, message);
-    EXPECT_TRUE(outcome.__isset.mMessage);
+    EXPECT_EQ(outcome.mMessage, fail == Fail::one ? message : "");
+    EXPECT_EQ(outcome.__isset.mMessage, fail == Fail::one);
 }
 
-/// A failed call's outcome when there was no memory left for the message either.
-void expectCodeAlone(const base::ServiceResult& outcome, const std::int32_t code) {
-    EXPECT_EQ(outcome.mError, code);
-    EXPECT_TRUE(outcome.__isset.mError);
-    EXPECT_EQ(outcome.mMessage, "");
-    EXPECT_FALSE(outcome.__isset.mMessage);
-}
-
-class MemoryRunsOut : public ::testing::Test {
+class MemoryRunsOut : public ServiceTest {
 protected:
-    /// Fails every allocation of an operation in turn. `start` makes the result record that each call begins with.
-    template <class OperationType, class Start>
-    std::size_t exhaust(const std::size_t slot, const OperationType& operation, const Fail fail, const Start& start) {
-        using Result = ResultOf<OperationType>;
-        const auto arguments = mSamples.argumentsOf(operation);
-        return exhaustCall<Result>(slot, fail, start,
-                                   [&](Result& result) { call(*mService, operation, result, arguments); });
-    }
-
-    /// The same for any call with a result of this kind: made once a kind, or its compilation would take minutes.
-    template <class Result>
-    std::size_t exhaustCall(const std::size_t slot, const Fail fail, const std::function<Result()>& start,
-                            const std::function<void(Result&)>& invoke) {
-        Result fresh;
-        invoke(fresh);
-        const std::string expected = fingerprint(fresh.mValue);
-        const Result before = start();
+    /// Fails every allocation of a call in turn: the payload stays exactly as it was, and the same call succeeds as
+    /// soon as there is memory. `choose` gives the call's arguments, which may be parts of the result. Says how many
+    /// allocations could fail.
+    std::size_t exhaust(const AnyOperation& operation, const AnyResult& start, const Fail fail,
+                        const std::function<AliasedArguments(AnyResult&)>& choose) const {
+        AnyResult expected = start;
+        call(*mService, operation, expected, choose(expected).pointers);
+        EXPECT_EQ(flagsOf(expected), flagsAfterSuccess(start));
+        const std::string before = payloadBits(start);
         for (std::size_t n = 1; n <= mostAllocations; ++n) {
-            SCOPED_TRACE(std::string(slots[slot].operation) + ", allocation " + std::to_string(n));
+            SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
             const std::ptrdiff_t held = heldBlocks();
             bool passed = false;
             {
-                Result result = start();
+                AnyResult result = start;
+                const AliasedArguments arguments = choose(result);
                 Allocations allocations(fail, n);
-                invoke(result); // an exception here would end the test
+                call(*mService, operation, result, arguments.pointers); // an exception here would end the test
                 allocations.stop();
                 passed = allocations.failed() == 0;
                 if (!passed) {
-                    fail == Fail::one ? expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage)
-                                      : expectCodeAlone(result.mResult, failureCode(slot));
-                    expectOldOrNew(result.mValue, before.mValue, fresh.mValue, "mValue");
-                    const Result copy = result; // touches all that the payload holds
-                    EXPECT_EQ(fingerprint(copy), fingerprint(result));
-                    result.mResult = base::ServiceResult();
-                    invoke(result);
+                    expectFailure(outcomeOf(result), fail, operation.failureCode(), operation.failureMessage());
+                    EXPECT_EQ(payloadBits(result), before) << "numbers, lengths, blobs and set-flags, nested ones too";
+                    outcomeOf(result) = outcomeOf(start);
+                    call(*mService, operation, result, arguments.pointers);
                 }
-                EXPECT_EQ(result.mResult.mError, 0);
-                EXPECT_EQ(fingerprint(result.mValue), expected) << "the same call right after";
+                EXPECT_EQ(fingerprint(result), fingerprint(expected)) << "the same call right after";
             }
             EXPECT_EQ(heldBlocks(), held) << "blocks held";
             if (passed || HasFailure()) {
                 return n - 1;
             }
         }
-        ADD_FAILURE() << slots[slot].operation << " never passes";
+        ADD_FAILURE() << operation.name << " never passes";
         return 0;
     }
 
-    LoadedService mService;
-    Samples mSamples{*mService};
+    /// The same for every operation with valid arguments; `start` makes the result that each begins with. One operation
+    /// that gives a number and those that write into storage of the right size are all that need no memory.
+    void exhaustAll(const Fail fail, const std::function<AnyResult(const AnyOperation&)>& start, const bool allocates) {
+        for (const AnyOperation& operation : allOperations()) {
+            const Arguments arguments = mSamples.argumentsOf(operation);
+            const std::size_t failures = exhaust(operation, start(operation), fail, [&](AnyResult& result) {
+                return aliasedArguments(result, arguments, 0, 0);
+            });
+            EXPECT_EQ(failures > 0, allocates && !operation.resetsOutcome()) << operation.name;
+        }
+    }
+
+    /// A result that was used, other than the answer in every number and byte, with all flags raised.
+    [[nodiscard]] AnyResult used(const AnyOperation& operation) const {
+        AnyResult result = callSample(operation);
+        makeOther(result);
+        setAllFlags(result, true);
+        return result;
+    }
 };
 
 TEST_F(MemoryRunsOut, BlocksAreCountedFromEitherSide) {
@@ -132,156 +124,162 @@ TEST_F(MemoryRunsOut, BlocksAreCountedFromEitherSide) {
     }
 }
 
-TEST_F(MemoryRunsOut, HookReachesIntoTheModule) {
-    ViewStateResult result;
-    const std::size_t allocations = allocationsOf([&] { mService->viewCreateDefault(result); });
-    EXPECT_GT(allocations, 10U) << "lists and an image were made inside the module";
-    EXPECT_EQ(allocationsOf([&] { mService->viewCreateDefault(result); }), 0U) << "and are used again";
-}
-
-TEST_F(MemoryRunsOut, FreshResultGetsCodeAndMessage) {
-    std::size_t failures = 0;
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
-        failures += exhaust(slot, operation, Fail::one, [] { return ResultOf<decltype(operation)>(); });
-    });
-    EXPECT_GT(failures, 79U * 4U) << "most operations allocate";
-}
-
-TEST_F(MemoryRunsOut, FreshResultGetsTheCodeAloneWhereNothingIsLeftForTheMessage) {
-    std::size_t failures = 0;
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
-        failures += exhaust(slot, operation, Fail::allFrom, [] { return ResultOf<decltype(operation)>(); });
-    });
-    EXPECT_GT(failures, 79U * 4U) << "most operations allocate";
-}
-
-TEST_F(MemoryRunsOut, UsedResultNeedsNoMemoryAtAll) {
-    std::size_t failures = 0;
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
-        // Shaped like the answer, and other than it in every number and byte.
-        auto used = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
-        makeOther(used.mValue);
-        failures += exhaust(slot, operation, Fail::allFrom, [&] { return used; });
-    });
-    EXPECT_EQ(failures, 0U);
-}
-
-TEST_F(MemoryRunsOut, ResultPartlyWrittenBeforeIsCompletedOrLeftValid) {
-    std::size_t failures = 0;
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
-        auto shrunk = callAfresh(*mService, operation, mSamples.argumentsOf(operation));
-        makeOther(shrunk.mValue);
-        makeTooShort(shrunk.mValue);
-        failures += exhaust(slot, operation, Fail::one, [&] { return shrunk; });
-        failures += exhaust(slot, operation, Fail::allFrom, [&] { return shrunk; });
-    });
-    EXPECT_GT(failures, 79U * 4U * 2U) << "every list grows";
-}
-
-TEST_F(MemoryRunsOut, MatrixThatIsItsOwnArgumentIsLeftAloneWhereItCannotBeCopied) {
-    for (std::size_t n = 1; n <= 5; ++n) { // the list of rows and the rows
-        MatrixResult result;
-        result.mValue = matrixOf({{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}});
-        const Matrix before = result.mValue;
-        Allocations allocations(Fail::allFrom, n);
-        mService->utilsConvertMatrixFromRowMajorToColumnMajor(result, result.mValue);
-        allocations.stop();
-        EXPECT_NE(allocations.failed(), 0U);
-        expectCodeAlone(result.mResult, 4);
-        EXPECT_EQ(fingerprint(result.mValue), fingerprint(before));
+TEST_F(MemoryRunsOut, FreshResultTakesItsOwnStorageAndNoMore) {
+    for (const AnyOperation& operation : allOperations()) {
+        const Arguments arguments = mSamples.argumentsOf(operation);
+        AnyResult result = operation.fresh;
+        const std::size_t allocations = allocationsOf([&] { call(*mService, operation, result, arguments); });
+        // The transposition makes its rows from one more.
+        EXPECT_LE(allocations, storageOf(result).size() + (operation.isTransposition() ? 1 : 0)) << operation.name;
     }
 }
 
+TEST_F(MemoryRunsOut, FreshResultStaysEmpty) {
+    const auto fresh = [](const AnyOperation& operation) { return operation.fresh; };
+    exhaustAll(Fail::one, fresh, true);
+    exhaustAll(Fail::allFrom, fresh, true);
+}
+
+TEST_F(MemoryRunsOut, UsedResultNeedsNoMemoryAtAll) {
+    exhaustAll(
+        Fail::allFrom, [&](const AnyOperation& operation) { return used(operation); }, false);
+}
+
+TEST_F(MemoryRunsOut, ResultOfAnotherShapeStaysAsItWas) {
+    const auto tooShort = [&](const AnyOperation& operation) {
+        AnyResult result = used(operation);
+        makeTooShort(result);
+        return result;
+    };
+    exhaustAll(Fail::one, tooShort, true);
+    exhaustAll(Fail::allFrom, tooShort, true);
+}
+
+TEST_F(MemoryRunsOut, ResultThatHoldsItsOwnArgumentsStaysAsItWas) {
+    std::size_t failures = 0;
+    for (const AnyOperation& operation : allOperations()) {
+        const Arguments outside = mSamples.argumentsOf(operation);
+        AnyResult start = operation.fresh;
+        setPayload(start, mSamples.payload(start));
+        setAllFlags(start, true);
+        makeTooLong(start); // which every list may be, and every blob
+        if (auto* const matrix = std::get_if<MatrixResult>(&start); matrix != nullptr && operation.isTransposition()) {
+            matrix->mValue = matrixOf({{1, 2, 3}, {4, 5, 6}});
+        }
+        for (const std::size_t part : {0U, 1U}) {
+            for (const Fail fail : {Fail::one, Fail::allFrom}) {
+                failures += exhaust(operation, start, fail, [&](AnyResult& result) {
+                    return aliasedArguments(result, outside, ~std::size_t(0), part);
+                });
+            }
+        }
+    }
+    EXPECT_GT(failures, operationCount) << "most results had to get other storage";
+}
+
+TEST_F(MemoryRunsOut, MatrixIsTransposedInPlaceOrNotAtAll) {
+    const std::vector<std::vector<double>> rows{{1, 2, 3}, {4, 5, 6}};
+    std::size_t failures = 0;
+    for (bool passed = false; !passed && failures < mostAllocations;) {
+        MatrixResult result;
+        result.mValue = matrixOf(rows);
+        Allocations allocations(Fail::allFrom, failures + 1);
+        mService->utilsConvertMatrixFromRowMajorToColumnMajor(result, result.mValue);
+        allocations.stop();
+        passed = allocations.failed() == 0;
+        if (!passed) {
+            ++failures;
+            expectFailure(result.mResult, Fail::allFrom, 4, "");
+            EXPECT_EQ(result.mValue.mData, rows);
+            mService->utilsConvertMatrixFromRowMajorToColumnMajor(result, result.mValue);
+        }
+        EXPECT_EQ(result.mValue.mData, (std::vector<std::vector<double>>{{1, 4}, {2, 5}, {3, 6}}));
+    }
+    EXPECT_GE(failures, 4U) << "three rows and the list of them";
+}
+
+TEST_F(MemoryRunsOut, CameraThatIsItsOwnArgumentMovesOnWithoutMemory) {
+    PlanarCameraStateResult result;
+    result.mValue = mSamples.planarCamera;
+    EXPECT_EQ(allocationsOf([&] {
+                  for (int i = 0; i < 100; ++i) {
+                      mService->planarCameraYaw(result, result.mValue, 0.001);
+                      mService->planarCameraPanWithAnchor(result, result.mValue, 100, 100, 0.5, 1, -1);
+                      mService->planarCameraZoomWithAnchor_Screen(result, result.mValue, 10, 20, 0.5, 0.99);
+                  }
+              }),
+              0U);
+    EXPECT_NE(result.mValue.mPrivate, mSamples.planarCamera.mPrivate);
+}
+
 TEST_F(MemoryRunsOut, OlderMessageIsNotTakenForTheNewFailures) {
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
+    for (const AnyOperation& operation : allOperations()) {
         SCOPED_TRACE(operation.name);
-        ResultOf<decltype(operation)> result;
-        result.mResult = olderError();
-        const auto arguments = mSamples.argumentsOf(operation);
+        AnyResult result = operation.fresh;
+        outcomeOf(result) = olderError();
+        const Arguments arguments = mSamples.argumentsOf(operation);
         Allocations allocations(Fail::allFrom, 1);
         call(*mService, operation, result, arguments);
         allocations.stop();
         if (allocations.failed() != 0) {
-            expectCodeAlone(result.mResult, failureCode(slot));
+            expectFailure(outcomeOf(result), Fail::allFrom, operation.failureCode(), "");
         }
-    });
+    }
 }
 
 TEST_F(MemoryRunsOut, CallThatFailsAnywayKeepsItsCodeWhateverElseFails) {
-    forEachOperation([&](const std::size_t slot, const auto& operation) {
-        auto arguments = mSamples.argumentsOf(operation);
-        forEachArgument(arguments, [](auto& argument) {
-            if constexpr (requires { argument.mPrivate; }) {
-                argument.mPrivate.clear();
-            } else if constexpr (requires { argument.mData; }) {
-                argument.mData.clear();
-            }
-        });
-        if (callAfresh(*mService, operation, arguments).mResult.mError == 0) {
-            return; // nothing among its arguments can be too short
-        }
+    for (const AnyOperation& operation : allOperations()) {
+        const Arguments& arguments = operation.blank; // lists and blobs without anything in them
         for (const Fail fail : {Fail::one, Fail::allFrom}) {
-            for (std::size_t n = 1; n <= mostAllocations; ++n) {
+            bool passed = !operation.canFail();
+            for (std::size_t n = 1; n <= mostAllocations && !passed; ++n) {
                 SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
-                ResultOf<decltype(operation)> result;
+                AnyResult result = operation.fresh;
                 Allocations allocations(fail, n);
                 call(*mService, operation, result, arguments);
                 allocations.stop();
-                if (result.mResult.__isset.mMessage) {
-                    expectMessage(result.mResult, failureCode(slot), slots[slot].failureMessage);
-                } else {
-                    EXPECT_NE(allocations.failed(), 0U);
-                    expectCodeAlone(result.mResult, failureCode(slot));
-                }
-                EXPECT_EQ(fingerprint(result.mValue), fingerprint(ResultOf<decltype(operation)>().mValue))
-                    << "nothing was written";
-                if (allocations.failed() == 0) {
-                    break;
-                }
+                passed = allocations.failed() == 0;
+                const bool hasMessage = outcomeOf(result).__isset.mMessage;
+                EXPECT_TRUE(hasMessage || !passed);
+                expectFailure(outcomeOf(result), hasMessage ? Fail::one : Fail::allFrom, operation.failureCode(),
+                              operation.failureMessage());
+                EXPECT_EQ(payloadBits(result), payloadBits(operation.fresh)) << "nothing was written";
             }
+            EXPECT_TRUE(passed) << operation.name << " never passes";
         }
-    });
+    }
 }
 
 TEST_F(MemoryRunsOut, IdentityNeedsNoMemory) {
-    // The texts are short enough to live inside the record.
-    const std::initializer_list<std::pair<void (base::BaseAPIIf::*)(base::StringResult&), const char*>> answers{
-        {&base::BaseAPIIf::getComponentName, "CameraAPI"},
-        {&base::BaseAPIIf::getComponentVariant, ""},
-        {&base::BaseAPIIf::getComponentVersion, CAMERA_VERSION}};
-    for (const auto& [identify, value] : answers) {
-        base::StringResult result;
-        result.mResult = olderError();
-        result.__set_mValue("a value from before that is too long to fit in the string object itself");
-        Allocations allocations(Fail::allFrom, 1);
-        ((*mService).*identify)(result);
-        allocations.stop();
-        EXPECT_EQ(allocations.asked(), 0U);
-        EXPECT_EQ(result.mValue, value);
-        expectSuccess(result);
-    }
+    base::StringResult result; // the texts are short enough to live inside the record
+    EXPECT_EQ(allocationsOf([&] {
+                  mService->getComponentName(result);
+                  mService->getComponentVariant(result);
+                  mService->getComponentVersion(result);
+              }),
+              0U);
 }
 
 TEST_F(MemoryRunsOut, LongerIdentityWouldFailInItsOwnWordsAndLeaveTheValueAlone) {
     // No text of this component is so long, hence not through the module.
     const std::string longer(100, 'x');
-    for (const auto& [failure, message] : {std::pair(versionFailure, "Unable to get component version."),
-                                           std::pair(variantFailure, "Unable to get component variant."),
-                                           std::pair(nameFailure, "Unable to get component name.")}) {
+    for (const auto& [failure, message] : {std::pair(component::versionFailure, "Unable to get component version."),
+                                           std::pair(component::variantFailure, "Unable to get component variant."),
+                                           std::pair(component::nameFailure, "Unable to get component name.")}) {
         for (const Fail fail : {Fail::one, Fail::allFrom}) {
             base::StringResult result;
             result.mResult = olderError();
             result.__set_mValue("before");
             Allocations allocations(fail, 1);
-            identify(result, longer.c_str(), failure);
+            component::identify(result, longer.c_str(), failure);
             allocations.stop();
             EXPECT_NE(allocations.failed(), 0U);
-            fail == Fail::one ? expectMessage(result.mResult, -1, message) : expectCodeAlone(result.mResult, -1);
+            expectFailure(result.mResult, fail, -1, message);
             EXPECT_EQ(result.mValue, "before");
             EXPECT_TRUE(result.__isset.mValue);
-            identify(result, longer.c_str(), failure);
+            component::identify(result, longer.c_str(), failure);
             EXPECT_EQ(result.mValue, longer);
-            expectSuccess(result);
+            expectSuccess(result.mResult);
         }
     }
 }

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace qel::test {
+namespace qel::api::camera::test {
 
 /// splitmix64, the same on every machine.
 class Draw {
@@ -114,4 +114,4 @@ inline std::int32_t hostileInteger(Draw& draw) {
     return draw.oneIn(2) ? static_cast<std::int32_t>(draw.below(1600)) - 800 : integers[draw.below(integers.size())];
 }
 
-} // namespace qel::test
+} // namespace qel::api::camera::test

@@ -11,11 +11,8 @@
 // of operations holds where the digest of mathematics above it does. GNU's library rounds in two ways, with fused
 // operations and, where the processor has none, without; there is a pair for each.
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -24,28 +21,23 @@
 #include <exception>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <vector>
 
-#include <qel/api/base/BaseAPIIf.h>
-#include <qel/api/camera/Operations.h>
-
+#include "tests/component/support/AnyOperation.h"
+#include "tests/component/support/LoadedModule.h"
 #include "tests/reliability/Census.h"
 #include "tests/reliability/Difference.h"
 #include "tests/reliability/RecordedArguments.h"
 #include "tests/reliability/RecordingFile.h"
 
-namespace qel::test {
+namespace qel::api::camera::test {
 
 namespace {
-
-using api::camera::CameraAPIIf;
 
 constexpr std::size_t recordedOperations = 10000;
 constexpr std::size_t recordedNumbers = 20000; ///< of each function of the C library
@@ -104,26 +96,18 @@ void forEachNumber(const Visitor& visit) {
     }
 }
 
-/// Calls visit(slot, arguments, result) for the row of operations, and fails unless the row exercises each.
+/// Calls visit(operation, arguments, result) for the row of operations, and fails unless the row exercises each.
 template <class Visitor>
 void forEachRecorded(CameraAPIIf& service, const Visitor& visit) {
     RecordedArguments source(service);
     Census census(service);
     for (std::size_t i = 0; i < recordedOperations; ++i) {
-        const std::size_t chosen = source.below(api::camera::operationCount);
-        api::camera::forEachOperation(
-            [&]<class Result, class... Arguments>(const std::size_t slot,
-                                                  const api::camera::Operation<Result, Arguments...>& operation) {
-                if (slot == chosen) {
-                    const auto arguments = source.argumentsOf(operation);
-                    Result result;
-                    std::apply([&](const auto&... argument) { (service.*operation.member)(result, argument...); },
-                               arguments);
-                    visit(slot, arguments, result);
-                    census.add(slot, operation, arguments, result, source.flaw());
-                    source.keep(result.mValue);
-                }
-            });
+        const AnyOperation& operation = allOperations()[source.below(operationCount)];
+        const Arguments arguments = source.argumentsOf(operation);
+        const AnyResult result = callAfresh(service, operation, arguments);
+        visit(operation, arguments, result);
+        census.add(operation, arguments, result, source.flaw());
+        source.keep(payloadOf(result));
     }
     census.require();
 }
@@ -132,7 +116,9 @@ std::string digests(CameraAPIIf& service) {
     Digest library;
     forEachNumber([&](const Function&, double value) { library.add(value); });
     Digest operations;
-    forEachRecorded(service, [&](std::size_t, const auto&, const auto& result) { operations.add(result); });
+    forEachRecorded(service, [&](const AnyOperation&, const Arguments&, const AnyResult& result) {
+        std::visit([&](const auto& held) { operations.add(held); }, result);
+    });
     return "mathematics " + library.text() + "\noperations " + operations.text() + "\n";
 }
 
@@ -162,9 +148,11 @@ int check(CameraAPIIf& service, const char* path) {
 void write(CameraAPIIf& service, const char* path) {
     std::string bytes;
     forEachNumber([&](const Function&, double value) { put(bytes, value); });
-    forEachRecorded(service, [&](std::size_t slot, const auto& arguments, const auto& result) {
-        put(bytes, static_cast<std::int32_t>(slot));
-        std::apply([&](const auto&... argument) { (put(bytes, argument), ...); }, arguments);
+    forEachRecorded(service, [&](const AnyOperation& operation, const Arguments& arguments, const AnyResult& result) {
+        put(bytes, static_cast<std::int32_t>(operation.number));
+        for (const AnyArgument& argument : arguments) {
+            put(bytes, argument);
+        }
         put(bytes, result);
     });
     std::ofstream file(path, std::ios::binary);
@@ -234,46 +222,37 @@ int compare(CameraAPIIf& service, const std::span<const char* const> paths) {
     }
 
     Summary operations;
-    std::array<Summary, api::camera::operationCount> bySlot;
+    std::array<Summary, operationCount> each;
     while (!source.empty()) {
-        const std::uint64_t recorded = source.number(4);
-        api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
-            if (slot == recorded) {
-                [&]<class Result, class... Arguments>(const api::camera::Operation<Result, Arguments...>&) {
-                    std::tuple<std::remove_cvref_t<Arguments>...> arguments;
-                    std::apply([&](auto&... argument) { (source.get(argument), ...); }, arguments);
-                    Result expected;
-                    source.get(expected);
-                    Result result;
-                    std::apply([&](const auto&... argument) { (service.*operation.member)(result, argument...); },
-                               arguments);
-                    const Difference difference = differenceOf(result, expected);
-                    operations.add(difference);
-                    bySlot[slot].add(difference);
-                }(operation);
-            }
-        });
+        const AnyOperation& operation = allOperations().at(source.number(4));
+        Arguments arguments = operation.blank;
+        for (AnyArgument& argument : arguments) {
+            source.get(argument);
+        }
+        AnyResult expected = operation.fresh;
+        source.get(expected);
+        const AnyResult result = callAfresh(service, operation, arguments);
+        const Difference difference = std::visit(
+            [&](const auto& held) {
+                return differenceOf(held, std::get<std::remove_cvref_t<decltype(held)>>(expected));
+            },
+            result);
+        operations.add(difference);
+        each[operation.number].add(difference);
     }
     operations.print("operations");
-    api::camera::forEachOperation([&](const std::size_t slot, const auto& operation) {
-        if (bySlot[slot].differing != 0) {
-            bySlot[slot].print(std::string(operation.name).c_str());
+    for (const AnyOperation& operation : allOperations()) {
+        if (each[operation.number].differing != 0) {
+            each[operation.number].print(std::string(operation.name).c_str());
         }
-    });
+    }
     agree = agree && (roundsAlike(library) ? operations.differing == 0 : operations.worst.roundings <= mostRoundings);
     return agree ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int run(const char* module, const std::string_view what, const std::span<const char* const> paths) {
-    void* const handle = dlopen(module, RTLD_NOW | RTLD_LOCAL);
-    auto* const factory = handle == nullptr ? nullptr
-                                            : reinterpret_cast<api::base::CreateComponentInstance*>(
-                                                  dlsym(handle, api::base::createComponentInstanceName));
-    if (factory == nullptr) {
-        throw std::runtime_error(dlerror());
-    }
-    const std::unique_ptr<api::base::BaseAPIIf> instance(factory());
-    auto& service = dynamic_cast<CameraAPIIf&>(*instance);
+    const LoadedService loaded(module);
+    CameraAPIIf& service = *loaded;
     if (what == "digest") {
         std::printf("%s", digests(service).c_str());
         return EXIT_SUCCESS;
@@ -293,7 +272,7 @@ int run(const char* module, const std::string_view what, const std::span<const c
 
 } // namespace
 
-} // namespace qel::test
+} // namespace qel::api::camera::test
 
 int main(int count, char** arguments) {
     try {
@@ -301,7 +280,7 @@ int main(int count, char** arguments) {
             throw std::runtime_error("usage: camera_recording MODULE digest|check|write|compare [FILE...]");
         }
         const std::vector<const char*> words(arguments + 1, arguments + count);
-        return qel::test::run(words[0], words[1], std::span(words).subspan(2));
+        return qel::api::camera::test::run(words[0], words[1], std::span(words).subspan(2));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "camera_recording: %s\n", error.what());
         return EXIT_FAILURE;

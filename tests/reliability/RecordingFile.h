@@ -9,11 +9,10 @@
 #include <string_view>
 #include <type_traits>
 
+#include "tests/component/support/AnyOperation.h"
 #include "tests/component/support/RecordFields.h"
 
-namespace qel::test {
-
-namespace camera_test = api::camera::test;
+namespace qel::api::camera::test {
 
 // Values as bytes and back, the same on every machine: numbers little-endian by arithmetic, lists and texts after
 // their length, records field by field with their flags.
@@ -27,8 +26,8 @@ void putNumber(std::string& bytes, const Number number) {
 
 template <class Value>
 void put(std::string& bytes, const Value& value) {
-    if constexpr (camera_test::IsRecord<Value>) {
-        camera_test::forEachField(value, [&](const auto& field, const auto& member) {
+    if constexpr (IsRecord<Value>) {
+        forEachField(value, [&](const auto& field, const auto& member) {
             bytes += field.isSet(value) ? '\1' : '\0';
             put(bytes, member);
         });
@@ -45,6 +44,13 @@ void put(std::string& bytes, const Value& value) {
             put(bytes, element);
         }
     }
+}
+
+inline void put(std::string& bytes, const AnyArgument& argument) {
+    std::visit([&](const auto& value) { put(bytes, value); }, argument);
+}
+inline void put(std::string& bytes, const AnyResult& result) {
+    std::visit([&](const auto& held) { put(bytes, held); }, result);
 }
 
 /// Takes values from bytes in the order in which they were put there.
@@ -76,8 +82,8 @@ public:
 
     template <class Value>
     void get(Value& value) {
-        if constexpr (camera_test::IsRecord<Value>) {
-            camera_test::forEachField(value, [&](const auto& field, auto& member) {
+        if constexpr (IsRecord<Value>) {
+            forEachField(value, [&](const auto& field, auto& member) {
                 field.markSet(value, number(1) != 0);
                 get(member);
             });
@@ -95,8 +101,15 @@ public:
         }
     }
 
+    void get(AnyArgument& argument) {
+        std::visit([&](auto& value) { get(value); }, argument);
+    }
+    void get(AnyResult& result) {
+        std::visit([&](auto& held) { get(held); }, result);
+    }
+
 private:
     std::string_view mRest;
 };
 
-} // namespace qel::test
+} // namespace qel::api::camera::test

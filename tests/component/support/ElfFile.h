@@ -52,8 +52,11 @@ public:
 
     /// The symbols that it offers to others.
     [[nodiscard]] const std::vector<Symbol>& exports() const { return mExports; }
+    [[nodiscard]] const std::string& bytes() const { return mBytes; }
     /// The libraries that it asks for.
     [[nodiscard]] const std::vector<std::string>& needed() const { return mNeeded; }
+    /// The name that it gives itself.
+    [[nodiscard]] const std::string& soname() const { return mSoname; }
     /// DF_1_NODELETE and the like.
     [[nodiscard]] std::size_t flags1() const { return mFlags1; }
 
@@ -80,6 +83,8 @@ private:
     void readEntry(const DynamicEntry& entry, const std::size_t strings) {
         if (entry.d_tag == DT_NEEDED) {
             mNeeded.push_back(text(strings + entry.d_un.d_val));
+        } else if (entry.d_tag == DT_SONAME) {
+            mSoname = text(strings + entry.d_un.d_val);
         } else if (entry.d_tag == DT_FLAGS_1) {
             mFlags1 = entry.d_un.d_val;
         }
@@ -96,6 +101,7 @@ private:
     std::string mBytes;
     std::vector<Symbol> mExports;
     std::vector<std::string> mNeeded;
+    std::string mSoname;
     std::size_t mFlags1 = 0;
 };
 

@@ -49,13 +49,13 @@ inline void expectFrustum(const ProjectionState& state, const std::vector<double
     expectNear({f.mLeft, f.mRight, f.mBottom, f.mTop, f.mNearDist, f.mFarDist}, expected, tolerance);
 }
 
-/// The matrix at an offset of an image, as rows: the surface's matrices are nowhere else.
-inline Matrix matrixAt(const std::string& image, const std::size_t offset) {
+/// The matrix at an offset of a blob, as rows: the surface's matrices are nowhere else.
+inline Matrix matrixAt(const std::string& blob, const std::size_t offset) {
     Matrix matrix;
     matrix.mData.assign(4, std::vector<double>(4));
     for (std::size_t r = 0; r < 4; ++r) {
         for (std::size_t c = 0; c < 4; ++c) {
-            matrix.mData[r][c] = elementAt(image, offset, r, c);
+            matrix.mData[r][c] = elementAt(blob, offset, r, c);
         }
     }
     return matrix;

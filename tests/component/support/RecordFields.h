@@ -82,16 +82,6 @@ template <class Record>
     return flags;
 }
 
-/// The records of one type that a record is made of, itself perhaps included.
-template <class Part, class Whole>
-void collectParts(Whole& whole, std::vector<Part*>& parts) {
-    if constexpr (std::is_same_v<Part, Whole>) {
-        parts.push_back(&whole);
-    } else if constexpr (IsRecord<Whole>) {
-        forEachField(whole, [&](const auto&, auto& value) { collectParts(value, parts); });
-    }
-}
-
 /// The storage that a record's strings and lists hold on the heap, in field order.
 template <class Value>
 void collectStorage(const Value& value, std::vector<const void*>& storage) {
@@ -116,6 +106,53 @@ template <class Record>
     std::vector<const void*> storage;
     collectStorage(record, storage);
     return storage;
+}
+
+/// Makes every number and every byte of a value another one; lengths stay.
+template <class Value>
+void makeOther(Value& value) {
+    if constexpr (IsRecord<Value>) {
+        forEachField(value, [](const auto&, auto& member) { makeOther(member); });
+    } else if constexpr (std::is_enum_v<Value>) {
+        value = value == Value(0) ? Value(1) : Value(0);
+    } else if constexpr (std::is_same_v<Value, char>) {
+        value = static_cast<char>(value ^ 0x55);
+    } else if constexpr (std::is_arithmetic_v<Value>) {
+        value += 0.8125; // unlikely to be what a mistake adds
+    } else {
+        for (auto& element : value) {
+            makeOther(element);
+        }
+    }
+}
+
+/// Makes every list and every text of a value too short, so that each has to grow again.
+template <class Value>
+void makeTooShort(Value& value) {
+    if constexpr (IsRecord<Value>) {
+        forEachField(value, [](const auto&, auto& member) { makeTooShort(member); });
+    } else if constexpr (std::is_same_v<Value, std::vector<std::vector<double>>>) {
+        value = Value(2, std::vector<double>(1)); // no storage left over, as shrinking would
+    } else if constexpr (!std::is_arithmetic_v<Value> && !std::is_enum_v<Value>) {
+        value = Value(1, typename Value::value_type());
+    }
+}
+
+/// Makes every list and every text of a value longer than it has to be.
+template <class Value>
+void makeTooLong(Value& value) {
+    if constexpr (IsRecord<Value>) {
+        forEachField(value, [](const auto&, auto& member) { makeTooLong(member); });
+    } else if constexpr (std::is_same_v<Value, std::string>) {
+        value.append(1000, '\xAB');
+    } else if constexpr (std::is_same_v<Value, std::vector<std::vector<double>>>) {
+        for (auto& row : value) {
+            row.push_back(99.0);
+        }
+        value.emplace_back();
+    } else if constexpr (!std::is_arithmetic_v<Value> && !std::is_enum_v<Value>) {
+        value.insert(value.end(), 3, 99.0);
+    }
 }
 
 } // namespace qel::api::camera::test

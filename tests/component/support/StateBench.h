@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <type_traits>
+#include <memory>
+#include <tuple>
 
 #include "tests/component/support/Calls.h"
-#include "tests/component/support/Finite.h"
-#include "tests/component/support/LoadedModule.h"
-#include "tests/component/support/Samples.h"
 
 namespace qel::api::camera::test {
 
-/// The default states, and operations applied to them one after another.
+/// The default states, and operations applied to them one after another. A copy goes its own way.
 class StateBench {
 public:
     StateBench() {
@@ -25,8 +22,9 @@ public:
     template <class Result, class... Parameters, class... Arguments>
     void make(void (CameraAPIIf::*operation)(Result&, Parameters...), const Arguments&... arguments) {
         Result result;
-        ((*mService).*operation)(result, arguments...);
-        keep(result);
+        ((**mService).*operation)(result, arguments...);
+        EXPECT_EQ(result.mResult.mError, 0) << result.mResult.mMessage;
+        std::get<decltype(result.mValue)>(mStates) = result.mValue;
     }
 
     /// Applies an operation to the state of its kind.
@@ -42,32 +40,16 @@ public:
 
     template <class State>
     [[nodiscard]] State& state() {
-        if constexpr (std::is_same_v<State, ViewState>) {
-            return mStates.view;
-        } else if constexpr (std::is_same_v<State, ProjectionState>) {
-            return mStates.projection;
-        } else if constexpr (std::is_same_v<State, SurfaceState>) {
-            return mStates.surface;
-        } else {
-            static_assert(std::is_same_v<State, PlanarCameraState>);
-            return mStates.planarCamera;
-        }
+        return std::get<State>(mStates);
     }
 
     [[nodiscard]] bool allFinite() const {
-        return isFinite(mStates.view) && isFinite(mStates.projection) && isFinite(mStates.surface) &&
-               isFinite(mStates.planarCamera);
+        return std::apply([](const auto&... state) { return (isFinite(state) && ...); }, mStates);
     }
 
 private:
-    template <class Result>
-    void keep(const Result& result) {
-        EXPECT_EQ(result.mResult.mError, 0) << result.mResult.mMessage;
-        state<std::remove_cvref_t<decltype(result.mValue)>>() = result.mValue;
-    }
-
-    LoadedService mService;
-    Samples mStates;
+    std::shared_ptr<LoadedService> mService = std::make_shared<LoadedService>();
+    std::tuple<ViewState, ProjectionState, SurfaceState, PlanarCameraState> mStates;
 };
 
 } // namespace qel::api::camera::test
