@@ -13,13 +13,13 @@ namespace qel::bench {
 //   fresh/<name>               a new result record for each call
 //   threads/<name>             by one thread, then by two, each with records of its own
 //   threads/control: <what>    the same for a loop that touches nothing of the component, see Controls.cpp
-//   floor/<name>               the same by hand, see Floors.cpp
+//   impl/<name>                the same on an object, without records, see ImplAlone.cpp
 //   peer/<library>/<task>      what a user would pick instead
 //   wire/<protocol>/<direction>/<whose>
 
 void registerOperations(api::camera::CameraAPIIf& camera, const Workload& workload);
 void registerControls();
-void registerFloors(api::camera::CameraAPIIf& camera, const Workload& workload);
+void registerImpl(api::camera::CameraAPIIf& camera, const Workload& workload);
 void registerWire(const Workload& workload);
 
 void registerGlm();

@@ -15,7 +15,7 @@ namespace qel::bench {
 
 namespace {
 
-/// As many bytes as the image of a planar camera has.
+/// As many bytes as the blob of a planar camera has.
 void copy(benchmark::State& state) {
     const OnOneProcessor pinned(state.thread_index());
     std::array<char, 1080> from{};

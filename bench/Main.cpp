@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
         const qel::bench::Workload workload(component.camera());
         qel::bench::registerOperations(component.camera(), workload);
         qel::bench::registerControls();
-        qel::bench::registerFloors(component.camera(), workload);
+        qel::bench::registerImpl(component.camera(), workload);
         registerPeers();
 #ifdef CAMERA_BENCH_WIRE
         qel::bench::registerWire(workload);

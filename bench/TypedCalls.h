@@ -24,10 +24,10 @@ struct CallTraits<api::camera::Operation<ResultType, ArgumentTypes...>> {
     using Arguments = std::tuple<std::decay_t<ArgumentTypes>...>; ///< by value, after `_return`
 };
 
-/// The operation in a slot of the table.
-template <std::size_t Slot>
+/// The operation of a number in the table.
+template <std::size_t Number>
 struct Call {
-    static constexpr const auto& operation = std::get<Slot>(api::camera::operations);
+    static constexpr const auto& operation = std::get<Number>(api::camera::operations);
     using Result = typename CallTraits<std::decay_t<decltype(operation)>>::Result;
     using Arguments = typename CallTraits<std::decay_t<decltype(operation)>>::Arguments;
 
@@ -49,10 +49,10 @@ struct Call {
     }
 };
 
-/// Calls visit(Call<slot>()) for each operation in slot order.
+/// Calls visit(Call<number>()) for each operation, in the table's order.
 template <class Visitor>
 void forEachCall(Visitor&& visit) {
-    [&]<std::size_t... Slot>(std::index_sequence<Slot...>) { (visit(Call<Slot>()), ...); }
+    [&]<std::size_t... Number>(std::index_sequence<Number...>) { (visit(Call<Number>()), ...); }
     (std::make_index_sequence<api::camera::operationCount>());
 }
 

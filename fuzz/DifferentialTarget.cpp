@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs every operation with ordinary arguments beside the second implementation in long double (oracle/): each step
-// starts from the same image and must arrive at the same numbers, to a bound that grows with the condition of what was
+// starts from the same blob and must arrive at the same numbers, to a bound that grows with the condition of what was
 // computed. Steps on which rounding could decide a comparison are not judged.
 
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <utility>
@@ -15,29 +14,33 @@
 
 #include <qel/api/base/BaseAPIIf.h>
 
+#include "fuzz/Reached.h"
+#include "fuzz/Written.h"
 #include "fuzz/differential/DifferentialSteps.h"
 
 namespace camera::fuzz::differential {
 
+namespace {
+
+template <auto set, auto field, class Record>
+void put(Step& step, const Record& record) {
+    requireWritten(record);
+    (step.service.*set)(step.result, step.state, record);
+    require((step.result.mValue.*field).mPrivate == record.mPrivate, "a camera takes just the part given");
+}
+
+} // namespace
+
+using Service = api::CameraAPIIf;
 void adopt(Step& step, const api::ViewState& record) {
-    viewOf(record);
-    step.service.planarCameraSetView(step.result, step.state, record);
-    require(step.result.mValue.mViewState.mPrivate == record.mPrivate, "a camera takes just the view given");
+    put<&Service::planarCameraSetView, &api::PlanarCameraState::mViewState>(step, record);
 }
-
 void adopt(Step& step, const api::ProjectionState& record) {
-    projectionOf(record);
-    step.service.planarCameraSetProjection(step.result, step.state, record);
-    require(step.result.mValue.mProjectionState.mPrivate == record.mPrivate,
-            "a camera takes just the projection given");
+    put<&Service::planarCameraSetProjection, &api::PlanarCameraState::mProjectionState>(step, record);
 }
-
 void adopt(Step& step, const api::SurfaceState& record) {
-    surfaceOf(record);
-    step.service.planarCameraSetSurface(step.result, step.state, record);
-    require(step.result.mValue.mSurfaceState.mPrivate == record.mPrivate, "a camera takes just the surface given");
+    put<&Service::planarCameraSetSurface, &api::PlanarCameraState::mSurfaceState>(step, record);
 }
-
 void adopt(Step& step, const api::PlanarCameraState& record) { step.result.mValue = record; }
 
 namespace {
@@ -47,28 +50,20 @@ constexpr std::size_t mostSteps = 6;
 /// The fewest times that each operation must have been judged while it did something.
 constexpr std::uint64_t enough = 500;
 
-struct Operation {
-    Entry entry{};
-    std::uint64_t runs = 0;
-    std::uint64_t judged = 0;
-};
+Reached judged;
 
-/// In slot order; each operation of the table has its step.
-std::array<Operation, api::operationCount>& operations() {
-    static std::array<Operation, api::operationCount> all = [] {
-        std::array<Operation, api::operationCount> result{};
-        for (const std::span<const Entry> entries :
-             {viewSteps(), projectionSteps(), surfaceSteps(), cameraSteps(), questionSteps()}) {
+/// The steps in the order of the operations' table; each operation has one.
+const std::array<Entry, api::operationCount>& steps() {
+    static const std::array<Entry, api::operationCount> all = [] {
+        std::array<Entry, api::operationCount> result{};
+        for (const std::span<const Entry> entries : {viewSteps(), projectionSteps(), cameraSteps(), questionSteps()}) {
             for (const Entry& entry : entries) {
-                api::forEachOperation([&](std::size_t slot, const auto& operation) {
-                    if (operation.name == entry.name) {
-                        result[slot].entry = entry;
-                    }
-                });
+                result[api::findOperation(entry.name)] = entry;
             }
         }
-        for (const Operation& operation : result) {
-            require(operation.entry.step != nullptr, "every operation has its step");
+        for (const Entry& entry : result) {
+            require(entry.step != nullptr, "every operation has its step");
+            judged.expect(std::string(entry.name) + " was judged while it did something");
         }
         return result;
     }();
@@ -113,83 +108,75 @@ void requireKept(const Step& step, Part writes) {
 }
 
 void judge(const Step& step) {
-    const oracle::Camera got = cameraOf(step.result.mValue);
+    const api::PlanarCameraState& after = step.result.mValue;
+    requireWritten(after);
+    const impl::PlanarCamera got = objectIn(after);
+    require(got.firstWord() == 0 && got.secondWord() == 0, "a camera's own two words are 0");
     if (step.judge.certain) {
-        compareViews(got.view, step.camera.view, step.exactness());
-        compareProjections(got.projection, step.camera.projection, step.exactness());
-        compareSurfaces(got.surface, step.camera.surface);
+        compareCameras(oracle::fromObject(got), step.camera, {step.judge.condition, step.scale});
     }
 }
 
 using Cameras = std::array<api::PlanarCameraStateResult, 5>;
 
+api::Vector vectorOf(const std::vector<double>& values) {
+    api::Vector vector;
+    vector.mData = values;
+    return vector;
+}
+
 /// What an input may start from: as the service makes it, cameras of both types that lie askew in every part, and one
 /// whose view was never placed, which its matrices' kinds tell.
 Cameras starts(api::CameraAPIIf& service) {
     Cameras cameras;
-    for (api::PlanarCameraStateResult& camera : cameras) {
-        service.planarCameraCreateDefault(camera);
-    }
-    const auto vectorOf = [](double x, double y, double z) {
-        api::Vector v;
-        v.mData = {x, y, z};
-        return v;
-    };
-    const auto place = [&](std::size_t which, const api::Vector& eye, const std::vector<double>& orientation) {
+    const auto askew = [&](std::size_t which, const std::vector<double>& eye, const std::vector<double>& orientation,
+                           const std::array<double, 6>& sides, api::ProjectionType::type type,
+                           const std::array<double, 4>& viewport, std::int32_t width) {
         api::ViewStateResult view;
+        api::ProjectionStateResult projection;
+        api::SurfaceStateResult surface;
         api::Quaternion q;
         q.mData = orientation;
-        service.viewSetEye(view, cameras[which].mValue.mViewState, eye);
+        service.viewSetEye(view, cameras[0].mValue.mViewState, vectorOf(eye));
         service.viewSetOrientation(view, view.mValue, q);
-        service.planarCameraSetView(cameras[which], cameras[which].mValue, view.mValue);
-    };
-    const auto project = [&](std::size_t which, const std::array<double, 6>& sides, api::ProjectionType::type type) {
         api::Frustum f;
         f.mLeft = sides[0], f.mRight = sides[1], f.mBottom = sides[2], f.mTop = sides[3];
         f.mNearDist = sides[4], f.mFarDist = sides[5];
-        api::ProjectionStateResult projection;
         service.projectionCreate(projection, f, type);
-        service.planarCameraSetProjection(cameras[which], cameras[which].mValue, projection.mValue);
+        const auto& [x, w, low, high] = viewport;
+        service.surfaceCreate(surface, x, 0.5 * x, w, 0.75, low, high, width, 600);
+        service.planarCameraCreate(cameras[which], view.mValue, projection.mValue, surface.mValue);
     };
-    const auto show = [&](std::size_t which, double x, double width, double low, double high, std::int32_t pixels) {
-        api::SurfaceStateResult surface;
-        service.surfaceCreate(surface, x, 0.5 * x, width, 0.75, low, high, pixels, 600);
-        service.planarCameraSetSurface(cameras[which], cameras[which].mValue, surface.mValue);
-    };
-    // The second orientation has a positive trace, the third and fourth a negative one, of which the largest
-    // components are x and y.
-    place(1, vectorOf(3.0, -2.0, 5.0), {0.2, -0.3, 0.1, 0.9});
-    project(1, {-0.5, 0.5, -0.375, 0.375, 0.5, 50.0}, api::ProjectionType::PERSPECTIVE);
-    show(1, 0.0, 1.0, 0.0, 1.0, 800);
-    place(2, vectorOf(-4.0, 1.0, 2.0), {0.7, 0.5, -0.4, 0.2});
-    project(2, {-3.0, 5.0, -2.0, 4.0, 1.0, 40.0}, api::ProjectionType::ORTHOGRAPHIC);
-    show(2, 0.25, 0.5, 0.125, 0.875, 1024);
-    place(3, vectorOf(1.0, 7.0, -3.0), {-0.1, 0.9, 0.3, -0.2});
-    project(3, {-1.0, 3.0, -2.0, 1.0, 1.5, 30.0}, api::ProjectionType::PERSPECTIVE);
-    show(3, 0.125, 0.625, 0.0, 1.0, 300);
+    constexpr auto perspective = api::ProjectionType::PERSPECTIVE, orthographic = api::ProjectionType::ORTHOGRAPHIC;
+    service.planarCameraCreateDefault(cameras[0]);
+    // The first orientation has a positive trace, the others a negative one, of which the largest components are x and
+    // y.
+    askew(1, {3, -2, 5}, {0.2, -0.3, 0.1, 0.9}, {-0.5, 0.5, -0.375, 0.375, 0.5, 50}, perspective, {0, 1, 0, 1}, 800);
+    askew(2, {-4, 1, 2}, {0.7, 0.5, -0.4, 0.2}, {-3, 5, -2, 4, 1, 40}, orthographic, {0.25, 0.5, 0.125, 0.875}, 1024);
+    askew(3, {1, 7, -3}, {-0.1, 0.9, 0.3, -0.2}, {-1, 3, -2, 1, 1.5, 30}, perspective, {0.125, 0.625, 0, 1}, 300);
     api::ViewStateResult unplaced;
-    service.viewCreate(unplaced, vectorOf(1.0, 2.0, 3.0), vectorOf(1.0, 2.0, 3.0), vectorOf(0.0, 1.0, 0.0));
-    service.planarCameraSetView(cameras[4], cameras[4].mValue, unplaced.mValue);
+    service.viewCreate(unplaced, vectorOf({1, 2, 3}), vectorOf({1, 2, 3}), vectorOf({0, 1, 0}));
+    service.planarCameraSetView(cameras[4], cameras[0].mValue, unplaced.mValue);
     for (const api::PlanarCameraStateResult& camera : cameras) {
-        require(isOrdinary(cameraOf(camera.mValue)), "an input starts from an ordinary camera");
+        requireWritten(camera.mValue);
+        require(isOrdinary(oracle::fromObject(objectIn(camera.mValue))), "an input starts from an ordinary camera");
     }
     return cameras;
 }
 
 /// Runs an operation and judges what comes of it; whether it has written a camera.
-bool take(Step& step, Operation& operation) {
+bool take(Step& step, std::size_t number) {
     const oracle::Camera before = step.camera;
-    operation.entry.step(step);
-    require(step.called == operation.entry.name, "an operation's step runs it");
-    ++operation.runs;
-    const bool asks = operation.entry.writes == nothing;
+    const Entry& entry = steps()[number];
+    entry.step(step);
+    const bool asks = entry.writes == nothing;
     if (!asks) {
         require(step.result.mResult.mError == 0, "a part goes into a camera");
-        requireKept(step, operation.entry.writes);
+        requireKept(step, entry.writes);
         judge(step);
     }
     if (step.judge.certain && (asks || !(step.camera == before))) {
-        ++operation.judged;
+        judged.count(number);
     }
     return !asks;
 }
@@ -198,17 +185,7 @@ bool take(Step& step, Operation& operation) {
 } // namespace camera::fuzz::differential
 
 extern "C" bool fuzzReachedEverything() {
-    using namespace camera::fuzz::differential;
-    bool all = true;
-    for (const Operation& operation : operations()) {
-        if (operation.judged < enough) {
-            std::fprintf(stderr, "%s was judged %llu times of %llu while it did something, %llu are wanted\n",
-                         std::string(operation.entry.name).c_str(), static_cast<unsigned long long>(operation.judged),
-                         static_cast<unsigned long long>(operation.runs), static_cast<unsigned long long>(enough));
-            all = false;
-        }
-    }
-    return all;
+    return camera::fuzz::differential::judged.everything(camera::fuzz::differential::enough);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -227,15 +204,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     cameras[1] = first[(choice + 1 + choice / first.size() % (first.size() - 1)) % first.size()]; // another one
 
     for (std::size_t i = 0; i < mostSteps && !bytes.empty(); ++i) {
-        Operation& operation = operations()[bytes.byte() % api::operationCount];
-        camera::oracle::Camera start = camera::oracle::Image(cameras[0].mValue.mPrivate).camera();
+        const std::size_t number = bytes.byte() % api::operationCount;
+        camera::oracle::Camera start = camera::oracle::fromObject(objectIn(cameras[0].mValue));
         // A question can be asked of a camera that a host's own matrices describe, too.
-        if (!isOrdinary(start) && operation.entry.writes != nothing) {
+        if (!isOrdinary(start) && steps()[number].writes != nothing) {
             cameras[0] = pristine;
-            start = camera::oracle::Image(pristine.mValue.mPrivate).camera();
+            start = camera::oracle::fromObject(objectIn(pristine.mValue));
         }
         Step step{*service, cameras[0].mValue, cameras[1].mValue, cameras[2], start, bytes, {}, 1.0L, {}};
-        if (take(step, operation)) {
+        if (take(step, number)) {
             std::swap(cameras[0], cameras[1]);
             std::swap(cameras[0], cameras[2]);
         }

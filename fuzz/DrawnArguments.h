@@ -7,9 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 #include <vector>
 
-#include <qel/api/camera/Values.h>
+#include <qel/api/camera/Fields.h>
 
 #include "fuzz/Bytes.h"
 
@@ -18,60 +19,49 @@ namespace camera::fuzz {
 namespace api = qel::api::camera;
 
 /// Where a comparison of the component turns, and where numbers end.
-inline constexpr std::array specialNumbers{
-    0.0,
-    -0.0,
-    1.0,
-    -1.0,
-    0.5,
-    2.0,
-    1e-7,
-    -1e-7,
-    1.0000000000000001e-7,
-    1e-4,
-    1e-8,
-    0.7853981633974483,
-    1.5707963267948966,
-    3.141592653589793,
-    3.1415925535897933,
-    -3.141592653589793,
-    6.283185307179586,
-    640.0,
-    480.0,
-    1e10,
-    -1e10,
-    2147483647.0,
-    -2147483648.0,
-    4294967295.0,
-    1e100,
-    1e154,
-    -1e200,
-    3.4028234663852886e38,
-    std::numeric_limits<double>::max(),
-    std::numeric_limits<double>::lowest(),
-    std::numeric_limits<double>::min(),
-    std::numeric_limits<double>::denorm_min(),
-    -std::numeric_limits<double>::denorm_min(),
-    1e-310,
-    std::numeric_limits<double>::epsilon(),
-    std::numeric_limits<double>::infinity(),
-    -std::numeric_limits<double>::infinity(),
-    std::numeric_limits<double>::quiet_NaN(),
-    -std::numeric_limits<double>::quiet_NaN(),
-};
+using Limits = std::numeric_limits<double>;
+inline constexpr std::array<double, 39> specialNumbers = {0.0,
+                                                          -0.0,
+                                                          1.0,
+                                                          -1.0,
+                                                          0.5,
+                                                          2.0,
+                                                          1e-7,
+                                                          -1e-7,
+                                                          1.0000000000000001e-7,
+                                                          1e-4,
+                                                          1e-8,
+                                                          0.7853981633974483,
+                                                          1.5707963267948966,
+                                                          3.141592653589793,
+                                                          3.1415925535897933,
+                                                          -3.141592653589793,
+                                                          6.283185307179586,
+                                                          640.0,
+                                                          480.0,
+                                                          1e10,
+                                                          -1e10,
+                                                          2147483647.0,
+                                                          -2147483648.0,
+                                                          4294967295.0,
+                                                          1e100,
+                                                          1e154,
+                                                          -1e200,
+                                                          3.4028234663852886e38,
+                                                          Limits::max(),
+                                                          Limits::lowest(),
+                                                          Limits::min(),
+                                                          Limits::denorm_min(),
+                                                          -Limits::denorm_min(),
+                                                          1e-310,
+                                                          Limits::epsilon(),
+                                                          Limits::infinity(),
+                                                          -Limits::infinity(),
+                                                          Limits::quiet_NaN(),
+                                                          -Limits::quiet_NaN()};
 
-inline constexpr std::array<std::int32_t, 12> specialIntegers{0,
-                                                              1,
-                                                              -1,
-                                                              2,
-                                                              640,
-                                                              480,
-                                                              320,
-                                                              240,
-                                                              65536,
-                                                              std::numeric_limits<std::int32_t>::max(),
-                                                              std::numeric_limits<std::int32_t>::min(),
-                                                              std::numeric_limits<std::int32_t>::min() + 1};
+inline constexpr std::array<std::int32_t, 12> specialIntegers = {0,   1,   -1,    2,         640,       480,
+                                                                 320, 240, 65536, INT32_MAX, INT32_MIN, INT32_MIN + 1};
 
 /// A number of any class: special, ordinary, spread over the orders of magnitude, or any eight bytes.
 inline double number(Bytes& bytes) {
@@ -130,18 +120,11 @@ inline void make(api::Matrix& matrix, Bytes& bytes) {
     }
 }
 
-inline void make(api::Frustum& frustum, Bytes& bytes) {
-    for (double* value :
-         {&frustum.mLeft, &frustum.mRight, &frustum.mBottom, &frustum.mTop, &frustum.mNearDist, &frustum.mFarDist}) {
-        *value = number(bytes);
-    }
-}
-
-inline void make(api::Viewport& viewport, Bytes& bytes) {
-    for (double* value :
-         {&viewport.mX, &viewport.mY, &viewport.mWidth, &viewport.mHeight, &viewport.mDepthMin, &viewport.mDepthMax}) {
-        *value = number(bytes);
-    }
+/// Frustums and viewports: six numbers, in the order of the fields.
+template <class Record>
+requires std::is_same_v<Record, api::Frustum> || std::is_same_v<Record, api::Viewport>
+void make(Record& record, Bytes& bytes) {
+    qel::api::forEachField<Record>([&](const auto& field) { record.*field.member = number(bytes); });
 }
 
 } // namespace camera::fuzz

@@ -1,63 +1,37 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <string>
-#include <type_traits>
-
-#include <qel/api/camera/Operations.h>
-
-#include "fuzz/DrawnStates.h"
+#include <utility>
+#include <vector>
 
 namespace camera::fuzz {
 
-/// How often each operation was called, so that a target whose inputs no longer reach some of them is noticed.
+/// How often what a target is for was reached, so that inputs that no longer reach some of it are noticed.
 class Reached {
 public:
-    /// One of the operations, or of the three of BaseAPIIf, which follow them.
-    void count(std::size_t operation, bool failed) { ++(failed ? mFailed : mSucceeded)[operation]; }
-    void countInput() { ++mInputs; }
+    /// Something that is to be reached, numbered from 0 in the order of the calls; nothing for what need not be.
+    void expect(std::string what) { mCounts.emplace_back(std::move(what), 0); }
+    void count(std::size_t number) { ++mCounts[number].second; }
 
-    /// Each operation once in so many inputs with success, and each that can fail as often with failure; at least
-    /// once. Says on stderr what is missing.
-    [[nodiscard]] bool everything() const {
-        const std::uint64_t wanted = 1 + mInputs / inputsForEach;
+    /// Whether each was reached so many times; says on stderr what was not.
+    [[nodiscard]] bool everything(std::uint64_t least) const {
         bool all = true;
-        const auto check = [&](std::uint64_t times, const std::string& name, const char* how) {
-            if (times < wanted) {
-                std::fprintf(stderr, "== %s %s %llu times in %llu inputs, expected at least %llu\n", name.c_str(), how,
-                             static_cast<unsigned long long>(times), static_cast<unsigned long long>(mInputs),
-                             static_cast<unsigned long long>(wanted));
+        for (const auto& [what, times] : mCounts) {
+            if (times < least && !what.empty()) {
+                std::fprintf(stderr, "== %s: %llu times, expected at least %llu\n", what.c_str(),
+                             static_cast<unsigned long long>(times), static_cast<unsigned long long>(least));
                 all = false;
             }
-        };
-        api::forEachOperation([&]<class Result, class... Arguments>(
-                                  std::size_t slot, const api::Operation<Result, Arguments...>& operation) {
-            check(mSucceeded[slot], std::string(operation.name), "succeeded");
-            if constexpr ((canBeShort<Arguments> || ...)) {
-                check(mFailed[slot], std::string(operation.name), "failed");
-            }
-        });
-        for (std::size_t i = api::operationCount; i < mSucceeded.size(); ++i) {
-            check(mSucceeded[i], "identity operation " + std::to_string(i - api::operationCount), "succeeded");
         }
         return all;
     }
 
 private:
-    static constexpr std::uint64_t inputsForEach = 1000;
-
-    template <class Argument, class Type = std::remove_cvref_t<Argument>>
-    static constexpr bool canBeShort = isState<Type> || std::is_same_v<Type, api::Vector> ||
-                                       std::is_same_v<Type, api::Quaternion> || std::is_same_v<Type, api::Matrix>;
-
-    using Counts = std::array<std::uint64_t, api::operationCount + 3>;
-    Counts mSucceeded{};
-    Counts mFailed{};
-    std::uint64_t mInputs = 0;
+    std::vector<std::pair<std::string, std::uint64_t>> mCounts;
 };
 
 } // namespace camera::fuzz

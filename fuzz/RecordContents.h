@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <bit>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -15,46 +12,6 @@
 #include "fuzz/SameBits.h"
 
 namespace camera::fuzz {
-
-/// All that a record holds, to the bit: the sign of a zero, the payload of a NaN, the flags and what stands under the
-/// lowered ones. Two records are the same when these are.
-class Contents {
-public:
-    template <class Record>
-    static std::string of(const Record& record) {
-        Contents contents;
-        contents.add(record);
-        return contents.mBytes;
-    }
-
-private:
-    void add(double value) { addWord(std::bit_cast<std::uint64_t>(value)); }
-    void add(const std::string& text) {
-        addWord(text.size());
-        mBytes += text;
-    }
-    template <class Element>
-    void add(const std::vector<Element>& list) {
-        addWord(list.size());
-        for (const Element& element : list) {
-            add(element);
-        }
-    }
-    template <class Value>
-    void add(const Value& value) {
-        if constexpr (IsRecord<Value>) {
-            qel::api::forEachField<Value>([&](const auto& field) {
-                mBytes += field.isSet(value) ? '!' : '.';
-                add(value.*field.member);
-            });
-        } else {
-            addWord(static_cast<std::uint32_t>(value));
-        }
-    }
-    void addWord(std::uint64_t word) { mBytes.append(reinterpret_cast<const char*>(&word), sizeof(word)); }
-
-    std::string mBytes;
-};
 
 /// What a message about a record brings into a default one: every field is written and so flagged, apart from an
 /// optional one whose flag is down.
@@ -96,27 +53,6 @@ Value asJsonCarries(Value value, qel::api::Form form = qel::api::Form::plain) {
     return value;
 }
 
-/// Empties every optional field, at any depth.
-template <class Record>
-void dropOptional(Record& record) {
-    qel::api::forEachField<Record>([&](const auto& field) {
-        using Member = std::remove_cvref_t<decltype(record.*field.member)>;
-        if (field.form == qel::api::Form::optional) {
-            record.*field.member = {};
-            field.markSet(record, false);
-        }
-        if constexpr (IsRecord<Member>) {
-            dropOptional(record.*field.member);
-        }
-    });
-}
-
-inline bool same(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
-template <class Value>
-bool same(const Value& a, const Value& b) {
-    return a == b;
-}
-
 /// Whether every field has arrived and holds something else than in a default record, at any depth. An optional field
 /// may be missing.
 template <class Record>
@@ -132,7 +68,7 @@ bool isFull(const Record& record) {
         if constexpr (IsRecord<Member>) {
             full = full && field.isSet(record) && isFull(member);
         } else {
-            full = full && field.isSet(record) && !same(member, pristine.*field.member);
+            full = full && field.isSet(record) && !sameBits(member, pristine.*field.member);
         }
     });
     return full;

@@ -35,35 +35,32 @@ constexpr std::array protocolNames{"binary", "compact", "json", "binary-little-e
 constexpr std::size_t protocolCount = protocolNames.size();
 constexpr std::size_t json = 2;
 
-/// Which code reads and writes: the records themselves know Thrift's own Binary and Compact classes and do what those
+/// Whose code reads and writes: the records themselves know Thrift's own Binary and Compact classes and do what those
 /// would; with any other class, one derived from them among others, they make the protocol's calls.
-enum class Road { own, calls };
+enum class Code { own, calls };
 
 template <class Known>
 struct Unknown : Known {
     using Known::Known;
 };
 
-template <class Protocol>
-std::shared_ptr<apache::thrift::protocol::TProtocol> makeProtocol(
-    Road road, const std::shared_ptr<apache::thrift::transport::TMemoryBuffer>& buffer) {
-    if (road == Road::own) {
-        return std::make_shared<Protocol>(buffer);
-    }
-    return std::make_shared<Unknown<Protocol>>(buffer);
-}
-
 inline std::shared_ptr<apache::thrift::protocol::TProtocol> makeProtocol(
-    std::size_t which, const std::shared_ptr<apache::thrift::transport::TMemoryBuffer>& buffer, Road road = Road::own) {
+    std::size_t which, const std::shared_ptr<apache::thrift::transport::TMemoryBuffer>& buffer, Code code = Code::own) {
     using namespace apache::thrift::protocol;
     using apache::thrift::transport::TMemoryBuffer;
     using apache::thrift::transport::TTransport;
+    const auto make = [&]<class Protocol>(const Protocol*) -> std::shared_ptr<TProtocol> {
+        if (code == Code::own) {
+            return std::make_shared<Protocol>(buffer);
+        }
+        return std::make_shared<Unknown<Protocol>>(buffer);
+    };
     switch (which) {
-    case 0: return makeProtocol<TBinaryProtocolT<TMemoryBuffer>>(road, buffer);
-    case 1: return makeProtocol<TCompactProtocolT<TMemoryBuffer>>(road, buffer);
-    case json: return makeProtocol<TJSONProtocol>(road, buffer);
-    case 3: return makeProtocol<TBinaryProtocolT<TTransport, TNetworkLittleEndian>>(road, buffer);
-    default: return makeProtocol<TCompactProtocolT<TTransport>>(road, buffer);
+    case 0: return make(static_cast<TBinaryProtocolT<TMemoryBuffer>*>(nullptr));
+    case 1: return make(static_cast<TCompactProtocolT<TMemoryBuffer>*>(nullptr));
+    case json: return make(static_cast<TJSONProtocol*>(nullptr));
+    case 3: return make(static_cast<TBinaryProtocolT<TTransport, TNetworkLittleEndian>*>(nullptr));
+    default: return make(static_cast<TCompactProtocolT<TTransport>*>(nullptr));
     }
 }
 

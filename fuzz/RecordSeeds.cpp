@@ -28,6 +28,7 @@
 #include "fuzz/RecordContents.h"
 #include "fuzz/RecordKinds.h"
 #include "fuzz/Require.h"
+#include "fuzz/StateObjects.h"
 
 namespace camera::fuzz {
 namespace {
@@ -37,7 +38,7 @@ using qel::api::forEachField;
 using qel::api::Form;
 using namespace qel::api::camera;
 
-/// Fills a record with content: lists of the size that operations make, images of the size that they read.
+/// Fills a record with content: lists of the size that operations make, blobs of the size that they read.
 class Filler {
 public:
     /// Fillers that start elsewhere put the numbers to other places.
@@ -59,7 +60,11 @@ public:
                     fillList(row, 4);
                 }
             } else if constexpr (std::is_same_v<Member, std::string>) {
-                member = field.form == Form::binary ? image(imageSize<Record>()) : text();
+                if constexpr (IsState<Record>) { // whose only text is its blob
+                    member = blob(blobSize<Record>);
+                } else {
+                    member = text();
+                }
             } else if constexpr (std::is_same_v<Member, double>) {
                 member = number();
             } else if constexpr (std::is_same_v<Member, std::int32_t>) {
@@ -76,23 +81,25 @@ public:
 private:
     double number() {
         using Limits = std::numeric_limits<double>;
-        static constexpr std::array numbers{1.0 / 3,
-                                            -12.5,
-                                            1920.0,
-                                            -0.0,
-                                            0.78539816339744828,
-                                            -6378137.0,
-                                            std::bit_cast<double>(0x7ff8123456789abcU), // a NaN with a payload
-                                            0.1,
-                                            -1.0,
-                                            Limits::infinity(),
-                                            2.5e-5,
-                                            -4.9406564584124654e-324,
-                                            99.999999999999986,
-                                            Limits::max(),
-                                            std::bit_cast<double>(0xfff8000000000001U),
-                                            1080.0,
-                                            -Limits::infinity()};
+        constexpr auto nan = std::bit_cast<double>(0x7ff8123456789abcU); // with a payload, as the other
+        constexpr auto negativeNan = std::bit_cast<double>(0xfff8000000000001U);
+        static constexpr std::array<double, 17> numbers = {1.0 / 3,
+                                                           -12.5,
+                                                           1920.0,
+                                                           -0.0,
+                                                           0.78539816339744828,
+                                                           -6378137.0,
+                                                           nan,
+                                                           0.1,
+                                                           -1.0,
+                                                           Limits::infinity(),
+                                                           2.5e-5,
+                                                           -4.9406564584124654e-324,
+                                                           99.999999999999986,
+                                                           Limits::max(),
+                                                           negativeNan,
+                                                           1080.0,
+                                                           -Limits::infinity()};
         return numbers[mNext++ % numbers.size()];
     }
 
@@ -103,8 +110,8 @@ private:
         }
     }
 
-    /// Nobody looks into an image on its way: numbers, and whatever words there may be between them.
-    std::string image(std::size_t size) {
+    /// Nobody looks into a blob on its way: numbers, and whatever words there may be between them.
+    std::string blob(std::size_t size) {
         std::string bytes;
         while (bytes.size() < size) {
             const auto word = bytes.size() % 64 == 0 ? mNext : std::bit_cast<std::uint64_t>(number());
@@ -113,14 +120,6 @@ private:
             }
         }
         return bytes;
-    }
-
-    template <class Record>
-    static constexpr std::size_t imageSize() {
-        if (std::is_same_v<Record, PlanarCameraState>) {
-            return 1080;
-        }
-        return std::is_same_v<Record, ViewState> ? 384 : 336;
     }
 
     /// What JSON escapes, and characters of one to four bytes.
@@ -157,40 +156,38 @@ Seeds allSeeds() {
     return seeds;
 }
 
-bool writeSeeds(const std::filesystem::path& folder) {
-    for (const auto& [name, bytes] : allSeeds()) {
-        std::ofstream file(folder / name, std::ios::binary);
-        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        if (!file.flush()) {
-            std::fprintf(stderr, "%s cannot be written\n", (folder / name).c_str());
-            return false;
-        }
-    }
-    return true;
+bool writeSeed(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return static_cast<bool>(file.flush());
 }
 
-bool checkSeeds(const std::filesystem::path& folder) {
-    bool same = true;
+bool checkSeed(const std::filesystem::path& path, const std::string& bytes) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {}) == bytes;
+}
+
+/// Does one of the two with each seed, and says on stderr where that fails.
+bool withAll(const std::filesystem::path& folder, bool (*work)(const std::filesystem::path&, const std::string&)) {
+    bool all = true;
     for (const auto& [name, bytes] : allSeeds()) {
-        std::ifstream file(folder / name, std::ios::binary);
-        if (std::string(std::istreambuf_iterator<char>(file), {}) != bytes) {
-            std::fprintf(stderr, "%s is missing or is not what --write makes\n", (folder / name).c_str());
-            same = false;
+        if (!work(folder / name, bytes)) {
+            std::fprintf(stderr, "%s cannot be written, is missing, or is not what --write makes\n",
+                         (folder / name).c_str());
+            all = false;
         }
     }
-    return same;
+    return all;
 }
 
 } // namespace
 } // namespace camera::fuzz
 
 int main(int count, char** arguments) try {
+    using namespace camera::fuzz;
     const std::string_view mode = count == 3 ? arguments[1] : "";
-    if (mode == "--write") {
-        return camera::fuzz::writeSeeds(arguments[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
-    }
-    if (mode == "--check") {
-        return camera::fuzz::checkSeeds(arguments[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
+    if (mode == "--write" || mode == "--check") {
+        return withAll(arguments[2], mode == "--write" ? writeSeed : checkSeed) ? EXIT_SUCCESS : EXIT_FAILURE;
     }
     std::fprintf(stderr, "wants --write FOLDER or --check FOLDER\n");
     return EXIT_FAILURE;

@@ -72,46 +72,27 @@ std::vector<Input> readCorpora(const std::vector<std::string>& folders) {
     return inputs;
 }
 
-/// Changes one bit, one byte, or a few bytes into those of another input: most of what a long message says stays.
-void changeInPlace(Input& input, const std::vector<Input>& others, Random& random) {
-    const std::size_t at = random.below(input.size());
-    switch (random.below(3)) {
-    case 0: input[at] ^= static_cast<std::uint8_t>(1U << random.below(8)); break;
-    case 1: input[at] = random.byte(); break;
-    default: {
-        const Input& other = others[random.below(others.size())];
-        const std::size_t from = random.below(other.size() + 1);
-        const std::size_t size = std::min({1 + random.below(16), other.size() - from, input.size() - at});
-        std::copy_n(other.begin() + static_cast<std::ptrdiff_t>(from), size,
-                    input.begin() + static_cast<std::ptrdiff_t>(at));
-    }
-    }
-}
-
+/// Changes one bit, one byte or a few bytes, in place or by putting some in or cutting the end off. Most of what a long
+/// message says stays, so it is mostly changed in place.
 Input mutated(Input input, const std::vector<Input>& others, std::size_t longest, Random& random) {
-    if (input.size() > longInput && random.below(4) != 0) {
-        changeInPlace(input, others, random);
-        return input;
-    }
-    for (std::size_t i = 1 + random.below(4); i > 0; --i) {
-        const auto at = static_cast<std::ptrdiff_t>(random.below(input.size() + 1));
-        switch (random.below(5)) {
-        case 0: input.insert(input.begin() + at, random.byte()); break;
-        case 1: input.resize(static_cast<std::size_t>(at)); break;
-        case 2: {
-            const Input& other = others[random.below(others.size())];
-            input.insert(input.begin() + at, other.begin(), other.end());
-            break;
-        }
-        case 3:
-            if (static_cast<std::size_t>(at) < input.size()) {
-                input[static_cast<std::size_t>(at)] ^= static_cast<std::uint8_t>(1U << random.below(8));
-            }
-            break;
-        default:
-            if (static_cast<std::size_t>(at) < input.size()) {
-                input[static_cast<std::size_t>(at)] = random.byte();
-            }
+    const bool inPlace = input.size() > longInput && random.below(4) != 0;
+    for (std::size_t i = inPlace ? 1 : 1 + random.below(4); i > 0; --i) {
+        const std::size_t at = random.below(input.size() + (inPlace ? 0 : 1));
+        const auto place = input.begin() + static_cast<std::ptrdiff_t>(at);
+        const Input& other = others[random.below(others.size())];
+        const std::size_t kind = random.below(inPlace ? 3 : 5);
+        if (kind == 3) {
+            input.insert(place, random.byte());
+        } else if (kind == 4) {
+            input.erase(place, input.end());
+        } else if (kind == 2 && inPlace) {
+            const std::size_t from = random.below(other.size() + 1);
+            const std::size_t size = std::min({1 + random.below(16), other.size() - from, input.size() - at});
+            std::copy_n(other.begin() + static_cast<std::ptrdiff_t>(from), size, place);
+        } else if (kind == 2) {
+            input.insert(place, other.begin(), other.end());
+        } else if (at < input.size()) {
+            *place = kind == 0 ? static_cast<std::uint8_t>(*place ^ 1U << random.below(8)) : random.byte();
         }
     }
     input.resize(std::min(input.size(), longest));
@@ -146,8 +127,8 @@ int main(int count, char** arguments) {
     Random random;
     for (std::size_t i = 0; i < runs; ++i) {
         // In memory of its own size, so that the address sanitizer sees its end.
-        const Input input = mutated(inputs[random.below(inputs.size())], inputs, longest, random);
-        const Input exact(input.begin(), input.end());
+        Input exact = mutated(inputs[random.below(inputs.size())], inputs, longest, random);
+        exact.shrink_to_fit();
         LLVMFuzzerTestOneInput(exact.data(), exact.size());
     }
     std::printf("%zu inputs of the corpora and %zu mutated ones\n", inputs.size(), runs);

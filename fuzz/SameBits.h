@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <algorithm>
 #include <bit>
-#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -14,7 +13,8 @@
 
 namespace camera::fuzz {
 
-// Whether two values are equal bit for bit: NaN is itself, 0 is not -0, and of records the set-flags count too.
+// Whether two values are equal bit for bit: NaN is itself, 0 is not -0, and of records the set-flags count too, and
+// what stands under the lowered ones.
 
 template <class Type>
 concept IsRecord = requires {
@@ -24,19 +24,10 @@ concept IsRecord = requires {
 inline bool sameBits(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
 inline bool sameBits(std::int32_t a, std::int32_t b) { return a == b; } // enumerators too
 inline bool sameBits(const std::string& a, const std::string& b) { return a == b; }
-inline bool sameBits(const std::vector<double>& a, const std::vector<double>& b) {
-    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), sizeof(double) * a.size()) == 0);
-}
-inline bool sameBits(const std::vector<std::vector<double>>& a, const std::vector<std::vector<double>>& b) {
-    if (a.size() != b.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (!sameBits(a[i], b[i])) {
-            return false;
-        }
-    }
-    return true;
+template <class Element>
+bool sameBits(const std::vector<Element>& a, const std::vector<Element>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Element& x, const Element& y) { return sameBits(x, y); });
 }
 template <IsRecord Record>
 bool sameBits(const Record& a, const Record& b) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs a sequence of operations over the service of the module, loaded as a host loads it: the input says which
-// operations with which arguments and on which of the states that the earlier ones left, and how their images are
+// operations with which arguments and on which of the states that the earlier ones left, and how their blobs are
 // forged.
 
 #include <array>
@@ -14,7 +14,6 @@
 #include <type_traits>
 #include <utility>
 
-#include <qel/api/base/Records.h>
 #include <qel/api/camera/Operations.h>
 #include <qel/host/ComponentLoader.h>
 
@@ -25,60 +24,63 @@
 #include "fuzz/Reached.h"
 #include "fuzz/Require.h"
 #include "fuzz/SameBits.h"
-#include "fuzz/Utilities.h"
 #include "fuzz/Written.h"
 
 namespace camera::fuzz {
 namespace {
 
-constexpr std::size_t operationCount = api::operationCount;
+using api::operationCount;
 constexpr std::size_t mostSteps = 12;
 
-Reached reached;
+/// Each operation with success, at twice its number, and with failure, where an argument can be too short.
+Reached reached = [] {
+    Reached all;
+    api::forEachOperation([&]<class Result, class... Arguments>(std::size_t,
+                                                                const api::Operation<Result, Arguments...>& operation) {
+        all.expect(std::string(operation.name) + " succeeded");
+        all.expect((CanBeShort<std::remove_cvref_t<Arguments>> || ...) ? std::string(operation.name) + " failed" : "");
+    });
+    return all;
+}();
+std::uint64_t inputs = 0;
 
 /// Holds an argument: a state of the pool by reference, anything else by value.
-template <class Argument, bool = isState<std::remove_cvref_t<Argument>>>
+template <class Argument, class Type = std::remove_cvref_t<Argument>>
 struct Held {
-    std::remove_cvref_t<Argument> value{};
-    void choose(States&, std::size_t, Bytes& bytes) { make(value, bytes); }
-    [[nodiscard]] Argument get() const { return value; }
-};
-template <class Argument>
-struct Held<Argument, true> {
-    using State = std::remove_cvref_t<Argument>;
-    const State* value = nullptr;
-    void choose(States& states, std::size_t index, Bytes&) {
-        value = &states.state(static_cast<State*>(nullptr), index);
+    std::conditional_t<IsState<Type>, const Type*, Type> value{};
+
+    void choose(const States& states, std::size_t index, Bytes& bytes) {
+        if constexpr (IsState<Type>) {
+            value = &states.state<Type>(index);
+        } else {
+            make(value, bytes);
+        }
     }
-    [[nodiscard]] Argument get() const { return *value; }
+    [[nodiscard]] Argument get() const {
+        if constexpr (IsState<Type>) {
+            return *value;
+        } else {
+            return value;
+        }
+    }
 };
 
-template <std::size_t slot, class... Arguments>
+constexpr std::size_t transpose = api::slotOf("utilsConvertMatrixFromRowMajorToColumnMajor");
+
+template <std::size_t number, class... Arguments>
 bool mustFail(const std::tuple<Held<Arguments>...>& arguments) {
-    if constexpr (slot == 68) {
+    if constexpr (number == transpose) {
         return cannotBeTransposed(std::get<0>(arguments).get());
     } else {
         bool fails = std::apply([](const auto&... held) { return (isShort(held.get()) || ...); }, arguments);
-        if constexpr (slot == 65) {
+        if constexpr (number == api::slotOf("planarCameraArcballRotation")) {
             fails = fails || hasNoHeight(std::get<0>(arguments).get());
         }
         return fails;
     }
 }
 
-/// What a successful call has written.
-template <std::size_t slot, class Value, class... Arguments>
-void requireAnswer(const Value& value, const std::tuple<Held<Arguments>...>& arguments) {
-    if constexpr (slot == 66 || slot == 67) {
-        requireFrustumMatrix(value, std::get<0>(arguments).get(), slot == 66);
-    } else if constexpr (slot == 68) {
-        requireTransposed(value, std::get<0>(arguments).get());
-    } else {
-        requireWritten(value);
-    }
-}
-
-template <std::size_t slot, class Result, class... Arguments>
+template <std::size_t number, class Result, class... Arguments>
 void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>& operation, States& states,
           Bytes& bytes) {
     const std::uint8_t choice = bytes.byte();
@@ -89,7 +91,7 @@ void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>&
     const auto invoke = [&](Result& result) {
         std::apply([&](const auto&... held) { (service.*operation.member)(result, held.get()...); }, arguments);
     };
-    const bool fails = mustFail<slot, Arguments...>(arguments);
+    const bool fails = mustFail<number, Arguments...>(arguments);
 
     // Before the call that writes into the pool, since its arguments may lie in what it writes.
     Result fresh;
@@ -111,18 +113,18 @@ void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>&
     invoke(result);
     const qel::api::base::ServiceResult& after = result.mResult;
     if (fails) {
-        require(after.mError == failureCode(slot), "a failed call sets its code");
-        require(after.__isset.mMessage && after.mMessage == failureText(slot, operation.name),
+        require(after.mError == failureCode(operation.name), "a failed call sets its code");
+        require(after.__isset.mMessage && after.mMessage == failureText(operation.name),
                 "a failed call sets its message");
         require(sameBits(result.mValue, *kept), "a failed call leaves the value alone");
-    } else if (resetsOutcome(slot)) {
+    } else if (resetsOutcome<Result>) {
         require(after.mError == 0 && after.mMessage.empty() && after.__isset.mMessage == before.__isset.mMessage,
                 "a getter resets the outcome");
     } else {
         require(sameBits(after, before), "a successful call leaves the outcome alone");
     }
-    if (!fails) {
-        requireAnswer<slot>(result.mValue, arguments);
+    if (!fails && number != transpose) { // whose answer has as many rows and columns as its argument says
+        requireWritten(result.mValue);
     }
     if (twice) {
         require((fresh.mResult.mError != 0) == fails, "a fresh result fails with a used one");
@@ -133,56 +135,43 @@ void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>&
         }
     }
     result.mResult = {};
-    reached.count(slot, fails);
+    reached.count(2 * number + (fails ? 1 : 0));
 }
 
 using Call = void (*)(api::CameraAPIIf&, States&, Bytes&);
 
-constexpr auto calls = []<std::size_t... slot>(std::index_sequence<slot...>) {
-    return std::array<Call, sizeof...(slot)>{[](api::CameraAPIIf& service, States& states, Bytes& bytes) {
-        call<slot>(service, std::get<slot>(api::operations), states, bytes);
+constexpr auto calls = []<std::size_t... number>(std::index_sequence<number...>) {
+    return std::array<Call, sizeof...(number)>{[](api::CameraAPIIf& service, States& states, Bytes& bytes) {
+        call<number>(service, std::get<number>(api::operations), states, bytes);
     }...};
 }
 (std::make_index_sequence<operationCount>());
 
-void identify(api::CameraAPIIf& service, std::uint8_t which) {
-    qel::api::base::StringResult result;
-    result.mResult.mError = -1;
-    switch (which % 3) {
-    case 0: service.getComponentName(result); break;
-    case 1: service.getComponentVariant(result); break;
-    default: service.getComponentVersion(result); break;
-    }
-    static const std::array<std::string, 3> answers{"CameraAPI", "", CAMERA_COMPONENT_VERSION};
-    require(result.mResult.mError == 0 && result.mValue == answers[which % 3], "the component says who it is");
-    reached.count(operationCount + which % 3, false);
-}
-
-/// Changes one of the images: a number, single bytes, its length, or all of it for another state's.
+/// Changes one of the blobs: a number, single bytes, its length, or all of it for another state's.
 void forge(States& states, Bytes& bytes) {
+    constexpr std::size_t longest = blobSize<api::PlanarCameraState>;
     const std::uint8_t choice = bytes.byte();
-    std::string& image = states.changeImage(choice % 8);
+    std::string& blob = states.changeBlob(choice % 8);
     switch (choice / 8 % 4) {
     case 0: {
-        const std::size_t offset = std::size_t{8} * (bytes.byte() % 135);
+        const std::size_t offset = sizeof(double) * (bytes.byte() % (longest / sizeof(double)));
         const double value = number(bytes);
-        if (image.size() >= offset + 8) {
-            std::memcpy(image.data() + offset, &value, sizeof value);
+        if (blob.size() >= offset + sizeof value) {
+            std::memcpy(blob.data() + offset, &value, sizeof value);
         }
         break;
     }
     case 1: {
         const auto offset = static_cast<std::size_t>(bytes.word(2));
-        if (offset < image.size()) {
-            image[offset] = static_cast<char>(bytes.byte());
+        if (offset < blob.size()) {
+            blob[offset] = static_cast<char>(bytes.byte());
         }
         break;
     }
-    case 2: image.resize(static_cast<std::size_t>(bytes.word(2)) % 1200, static_cast<char>(bytes.byte())); break;
-    default: {
-        image = std::string(states.image(bytes.byte() % 8));
+    case 2:
+        blob.resize(static_cast<std::size_t>(bytes.word(2)) % (longest + 120), static_cast<char>(bytes.byte()));
         break;
-    }
+    default: blob = std::string(states.changeBlob(bytes.byte() % 8)); break;
     }
 }
 
@@ -199,7 +188,6 @@ api::CameraAPIIf& theService() {
 }
 
 } // namespace
-
 } // namespace camera::fuzz
 
 /// Asked by libFuzzer before it looks at what is instrumented: the module's edges are counted from the first input on.
@@ -211,20 +199,16 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace camera::fuzz;
     api::CameraAPIIf& service = theService();
-    static const States pristine = defaultStates(service);
-    static States states;
+    static const States pristine(service);
+    static States states = pristine;
     states.restore(pristine);
-    reached.countInput();
+    ++inputs;
 
     Bytes bytes(data, size);
     for (std::size_t step = 0; step < mostSteps && !bytes.empty(); ++step) {
         const std::uint8_t what = bytes.byte();
-        if (what < operationCount) {
-            calls[what](service, states, bytes);
-        } else if (what < 2 * operationCount) {
-            calls[what - operationCount](service, states, bytes);
-        } else if (what < 164) {
-            identify(service, what);
+        if (what < 2 * operationCount) {
+            calls[what % operationCount](service, states, bytes);
         } else {
             forge(states, bytes);
         }
@@ -232,4 +216,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
 }
 
-extern "C" bool fuzzReachedEverything() { return camera::fuzz::reached.everything(); }
+extern "C" bool fuzzReachedEverything() { return camera::fuzz::reached.everything(1 + camera::fuzz::inputs / 1000); }

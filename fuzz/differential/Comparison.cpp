@@ -6,14 +6,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
-#include <string>
 
 #include "fuzz/Require.h"
 
 namespace camera::fuzz::differential {
 
-using oracle::Image;
-using oracle::Judgement;
 using oracle::rounding;
 
 namespace {
@@ -23,111 +20,6 @@ namespace {
     std::snprintf(line.data(), line.size(), "%s: got %.21Lg, expected %.21Lg, differ by %.3Lg, allowed is %.3Lg", what,
                   got, expected, std::abs(got - expected), allowed);
     broken(line.data());
-}
-
-void compareFields(const char* what, const api::Matrix& got, const oracle::Matrix4& expected) {
-    require(got.mData.size() == 4, "a matrix has four rows");
-    for (std::size_t r = 0; r < 4; ++r) {
-        require(got.mData[r].size() == 4, "a row has four values");
-        for (std::size_t k = 0; k < 4; ++k) {
-            compareExactly(what, got.mData[r][k], expected[r][k]);
-        }
-    }
-}
-
-/// Of the record's own rotation, which is judged elsewhere.
-void compareOrientation(const api::Quaternion& got, const oracle::Matrix3& rotation) {
-    require(got.mData.size() == 4, "an orientation has four values");
-    Judgement judge;
-    const oracle::Quaternion expected = quaternionOf(judge, rotation);
-    if (!judge.certain && !oracle::isRotation(rotation, rounding)) {
-        return; // which row of the products is taken decides more than the sign
-    }
-    // Where rounding decides which component is positive, the opposite quaternion is the same orientation.
-    Real product = 0.0L, largest = 1.0L;
-    for (std::size_t i = 0; i < 4; ++i) {
-        product += got.mData[i] * expected[i];
-        largest = std::max(largest, std::abs(expected[i]));
-    }
-    const Real sign = !judge.certain && product < 0.0L ? -1.0L : 1.0L;
-    for (std::size_t i = 0; i < 4; ++i) {
-        compare("orientation", got.mData[i], sign * expected[i], rounding * judge.condition * largest);
-    }
-}
-
-bool isPart(const std::string& whole, std::size_t start, const std::string& part, std::size_t size) {
-    return part.size() == size && whole.compare(start, size, part) == 0;
-}
-
-} // namespace
-
-void compare(const char* what, Real got, Real expected, Real allowed) {
-    if (got == expected || (std::isnan(got) && std::isnan(expected))) {
-        return;
-    }
-    if (!std::isfinite(expected) || !(std::abs(got - expected) <= allowed)) {
-        differs(what, got, expected, allowed);
-    }
-}
-
-void compareExactly(const char* what, Real got, Real expected) { compare(what, got, expected, 0.0L); }
-
-void compareVector(const char* what, const api::Vector& got, const oracle::Vector& expected, Real allowed) {
-    require(got.mData.size() == 3, "a vector has three values");
-    compare(what, got.mData[0], expected.x, allowed);
-    compare(what, got.mData[1], expected.y, allowed);
-    compare(what, got.mData[2], expected.z, allowed);
-}
-
-oracle::View viewOf(const api::ViewState& record) {
-    require(record.mPrivate.size() == Image::viewSize, "a view's image has its size");
-    const oracle::View view = Image(record.mPrivate).view();
-    compareFields("the record's view matrix", record.mViewMatrix, view.toView);
-    compareFields("the record's view transform matrix", record.mViewTransformMatrix, view.toWorld);
-    compareVector("the record's eye", record.mEye, view.eye, 0.0L);
-    compareVector("the record's direction", record.mDirection, -1.0L * oracle::column(view.rotation, 2), 0.0L);
-    compareOrientation(record.mOrientation, view.rotation);
-    return view;
-}
-
-oracle::Projection projectionOf(const api::ProjectionState& record) {
-    require(record.mPrivate.size() == Image::projectionSize, "a projection's image has its size");
-    const oracle::Projection p = Image(record.mPrivate).projection();
-    compareFields("the record's projection matrix", record.mProjectionMatrix, p.matrix);
-    require(record.mProjectionType ==
-                (p.orthographic ? api::ProjectionType::ORTHOGRAPHIC : api::ProjectionType::PERSPECTIVE),
-            "the record's type of the projection");
-    compareExactly("the record's left", record.mFrustum.mLeft, p.l);
-    compareExactly("the record's right", record.mFrustum.mRight, p.r);
-    compareExactly("the record's bottom", record.mFrustum.mBottom, p.b);
-    compareExactly("the record's top", record.mFrustum.mTop, p.t);
-    compareExactly("the record's near", record.mFrustum.mNearDist, p.n);
-    compareExactly("the record's far", record.mFrustum.mFarDist, p.f);
-    return p;
-}
-
-oracle::Surface surfaceOf(const api::SurfaceState& record) {
-    require(record.mPrivate.size() == Image::surfaceSize, "a surface's image has its size");
-    const oracle::Surface s = Image(record.mPrivate).surface();
-    const api::Viewport& v = record.mViewport;
-    const std::array fields{v.mX, v.mY, v.mWidth, v.mHeight, v.mDepthMin, v.mDepthMax};
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        compareExactly("the record's viewport", fields[i], s.viewport[i]);
-    }
-    compareExactly("the record's resolution x", record.mResolutionX, s.resolutionX);
-    compareExactly("the record's resolution y", record.mResolutionY, s.resolutionY);
-    return s;
-}
-
-oracle::Camera cameraOf(const api::PlanarCameraState& record) {
-    const std::string& image = record.mPrivate;
-    require(image.size() == Image::cameraSize, "a camera's image has its size");
-    require(isPart(image, Image::viewInCamera, record.mViewState.mPrivate, Image::viewSize) &&
-                isPart(image, Image::projectionInCamera, record.mProjectionState.mPrivate, Image::projectionSize) &&
-                isPart(image, Image::surfaceInCamera, record.mSurfaceState.mPrivate, Image::surfaceSize),
-            "a camera's image holds those of its parts");
-    require(image.find_first_not_of('\0') >= Image::viewInCamera, "a camera's own two words are 0");
-    return {viewOf(record.mViewState), projectionOf(record.mProjectionState), surfaceOf(record.mSurfaceState)};
 }
 
 void compareViews(const oracle::View& got, const oracle::View& expected, const Exactness& exactness) {
@@ -171,6 +63,25 @@ void compareSurfaces(const oracle::Surface& got, const oracle::Surface& expected
     }
     compareMatrix("viewport matrix", got.matrix, expected.matrix, rounding, rounding);
     compareMatrix("inverse viewport matrix", got.inverse, expected.inverse, rounding, rounding);
+}
+
+} // namespace
+
+void compare(const char* what, Real got, Real expected, Real allowed) {
+    if (got == expected || (std::isnan(got) && std::isnan(expected))) {
+        return;
+    }
+    if (!std::isfinite(expected) || !(std::abs(got - expected) <= allowed)) {
+        differs(what, got, expected, allowed);
+    }
+}
+
+void compareExactly(const char* what, Real got, Real expected) { compare(what, got, expected, 0.0L); }
+
+void compareCameras(const oracle::Camera& got, const oracle::Camera& expected, const Exactness& exactness) {
+    compareViews(got.view, expected.view, exactness);
+    compareProjections(got.projection, expected.projection, exactness);
+    compareSurfaces(got.surface, expected.surface);
 }
 
 } // namespace camera::fuzz::differential

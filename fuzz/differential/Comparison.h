@@ -3,7 +3,7 @@
 
 #include <qel/api/camera/States.h>
 
-#include "fuzz/oracle/FromBlob.h"
+#include "fuzz/oracle/OracleCamera.h"
 
 // What came beside what should have come.
 namespace camera::fuzz::differential {
@@ -16,8 +16,6 @@ void compare(const char* what, Real got, Real expected, Real allowed);
 
 void compareExactly(const char* what, Real got, Real expected);
 
-void compareVector(const char* what, const api::Vector& got, const oracle::Vector& expected, Real allowed);
-
 template <class Matrix>
 void compareMatrix(const char* what, const Matrix& got, const Matrix& expected, Real allowed, Real relative) {
     for (std::size_t r = 0; r < got.size(); ++r) {
@@ -27,22 +25,13 @@ void compareMatrix(const char* what, const Matrix& got, const Matrix& expected, 
     }
 }
 
-// A record's fields say what its image says, whatever that is; returns what the image says.
-
-oracle::View viewOf(const api::ViewState& record);
-oracle::Projection projectionOf(const api::ProjectionState& record);
-oracle::Surface surfaceOf(const api::SurfaceState& record);
-/// Its parts too, each in both of its places.
-oracle::Camera cameraOf(const api::PlanarCameraState& record);
-
 /// How exact a step can be: what it lost by cancellation, and the largest of its arguments.
 struct Exactness {
     Real condition = 1.0L;
     Real scale = 1.0L;
 };
 
-void compareViews(const oracle::View& got, const oracle::View& expected, const Exactness& exactness);
-void compareProjections(const oracle::Projection& got, const oracle::Projection& p, const Exactness& exactness);
-void compareSurfaces(const oracle::Surface& got, const oracle::Surface& expected);
+/// Every number of the blobs; that the records' fields say the same is judged elsewhere.
+void compareCameras(const oracle::Camera& got, const oracle::Camera& expected, const Exactness& exactness);
 
 } // namespace camera::fuzz::differential

@@ -9,12 +9,15 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <vector>
 
 #include <qel/api/camera/Operations.h>
 
 #include "fuzz/Require.h"
+#include "fuzz/StateObjects.h"
 #include "fuzz/differential/Comparison.h"
 #include "fuzz/differential/StepArguments.h"
+#include "fuzz/oracle/FromObject.h"
 
 // One operation by the component and by the second implementation.
 namespace camera::fuzz::differential {
@@ -33,27 +36,23 @@ struct Step {
     Real scale = 1.0L;       ///< the largest of the arguments
     std::string_view called; ///< the operation that the component ran
 
-    double taken(double value) {
-        scale = std::max(scale, std::abs(Real(value)));
-        return value;
+    [[nodiscard]] oracle::Camera otherCamera() const { return oracle::fromObject(objectIn(other)); }
+
+    void take(const std::vector<double>& values) {
+        for (const double value : values) {
+            scale = std::max(scale, std::abs(Real(value)));
+        }
     }
     api::Vector takenVector() {
         api::Vector record = vector(bytes);
-        for (const double value : record.mData) {
-            taken(value);
-        }
+        take(record.mData);
         return record;
     }
     api::Matrix takenMatrix() {
         api::Matrix record = matrix(bytes);
-        for (const auto& row : record.mData) {
-            for (const double value : row) {
-                taken(value);
-            }
-        }
+        std::for_each(record.mData.begin(), record.mData.end(), [this](const auto& row) { take(row); });
         return record;
     }
-    [[nodiscard]] Exactness exactness() const { return {judge.condition, scale}; }
 };
 
 /// An operation's name as a template argument.
@@ -63,16 +62,6 @@ struct Name {
     consteval Name(const char (&literal)[Size]) { std::copy_n(literal, Size, text.begin()); } // NOLINT
     [[nodiscard]] constexpr std::string_view view() const { return {text.data(), Size - 1}; }
 };
-
-consteval std::size_t slotOf(std::string_view name) {
-    std::size_t found = api::operationCount;
-    api::forEachOperation([&](std::size_t slot, const auto& operation) {
-        if (operation.name == name) {
-            found = slot;
-        }
-    });
-    return found; // one past the end, which no table has, if there is none
-}
 
 template <class Record>
 const Record& stateOf(const Step& step) {
@@ -87,39 +76,47 @@ const Record& stateOf(const Step& step) {
     }
 }
 
-/// Runs an operation of the component, on the step's state where its first argument is one, and returns its result.
-template <Name name, class Result, class... Declared, class... Arguments>
-const Result& runOperation(Step& step, void (api::CameraAPIIf::*member)(Result&, Declared...),
-                           const Arguments&... arguments) {
-    static Result result; // what an operation fails to write is left from the one before
-    if constexpr (sizeof...(Declared) == sizeof...(Arguments)) {
-        (step.service.*member)(result, arguments...);
-    } else {
-        using State = std::remove_cvref_t<std::tuple_element_t<0, std::tuple<Declared...>>>;
-        (step.service.*member)(result, stateOf<State>(step), arguments...);
-    }
-    require(result.mResult.mError == 0, "a call with arguments of the right shape succeeds");
-    step.called = name.view();
-    return result;
-}
-
-template <Name name, class... Arguments>
-const auto& run(Step& step, const Arguments&... arguments) {
-    return runOperation<name>(step, std::get<slotOf(name.view())>(api::operations).member, arguments...);
-}
-
 // The answer of an operation as the step's result: a part goes into the camera, which must then hold just it.
-
 void adopt(Step& step, const api::ViewState& record);
 void adopt(Step& step, const api::ProjectionState& record);
 void adopt(Step& step, const api::SurfaceState& record);
 void adopt(Step& step, const api::PlanarCameraState& record);
 
-/// An operation that answers with a state.
-template <Name name, class... Arguments>
-void change(Step& step, const Arguments&... arguments) {
-    adopt(step, run<name>(step, arguments...).mValue);
-}
+/// Runs an operation of the component, on the step's state where its first argument is one.
+template <Name name>
+class Run {
+public:
+    explicit Run(Step& step) : mStep(step) {}
+
+    /// An operation that answers with numbers.
+    template <class... Arguments>
+    const auto& ask(const Arguments&... arguments) const {
+        mStep.called = name.view();
+        return call(std::get<api::slotOf(name.view())>(api::operations).member, arguments...);
+    }
+
+    /// An operation that answers with a state.
+    template <class... Arguments>
+    void operator()(const Arguments&... arguments) const {
+        adopt(mStep, ask(arguments...).mValue);
+    }
+
+private:
+    template <class Result, class... Declared, class... Arguments>
+    const Result& call(void (api::CameraAPIIf::*member)(Result&, Declared...), const Arguments&... arguments) const {
+        static Result result; // what an operation fails to write is left from the one before
+        if constexpr (sizeof...(Declared) == sizeof...(Arguments)) {
+            (mStep.service.*member)(result, arguments...);
+        } else {
+            using State = std::remove_cvref_t<std::tuple_element_t<0, std::tuple<Declared...>>>;
+            (mStep.service.*member)(result, stateOf<State>(mStep), arguments...);
+        }
+        require(result.mResult.mError == 0, "a call with arguments of the right shape succeeds");
+        return result;
+    }
+
+    Step& mStep;
+};
 
 struct Entry {
     std::string_view name;
@@ -127,9 +124,14 @@ struct Entry {
     Part writes; ///< nothing for an operation that answers with numbers, and compares them itself
 };
 
+/// `work` draws the arguments, does the same by the second implementation, and runs the operation.
+template <Name name, class Work>
+constexpr Entry entry(Part writes, Work /*work*/) {
+    return {name.view(), [](Step& step) { Work()(step, Run<name>(step)); }, writes};
+}
+
 [[nodiscard]] std::span<const Entry> viewSteps();
-[[nodiscard]] std::span<const Entry> projectionSteps();
-[[nodiscard]] std::span<const Entry> surfaceSteps();
+[[nodiscard]] std::span<const Entry> projectionSteps(); ///< of surfaces too
 [[nodiscard]] std::span<const Entry> cameraSteps();
 [[nodiscard]] std::span<const Entry> questionSteps();
 

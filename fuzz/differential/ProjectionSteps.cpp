@@ -10,137 +10,110 @@ api::ProjectionType::type typeOf(bool orthographic) {
     return orthographic ? api::ProjectionType::ORTHOGRAPHIC : api::ProjectionType::PERSPECTIVE;
 }
 
-void createDefaultProjection(Step& s) {
+constexpr auto createDefaultProjection = [](Step& s, auto run) {
     s.camera.projection = oracle::Projection::createDefault();
-    change<"projectionCreateDefault">(s);
-}
+    run();
+};
 
-void createProjection(Step& s) {
+template <bool fromDefault>
+constexpr auto setFrustum = [](Step& s, auto run) {
     const api::Frustum f = frustum(s.bytes);
     const bool orthographic = s.bytes.byte() % 2 != 0;
-    s.camera.projection = oracle::Projection::createDefault();
+    if (fromDefault) {
+        s.camera.projection = oracle::Projection::createDefault();
+    }
     s.camera.projection.setFrustum(s.judge, real(f), orthographic);
-    change<"projectionCreate">(s, f, typeOf(orthographic));
-}
-
-void setFrustum(Step& s) {
-    const api::Frustum f = frustum(s.bytes);
-    const bool orthographic = s.bytes.byte() % 2 != 0;
-    s.camera.projection.setFrustum(s.judge, real(f), orthographic);
-    change<"projectionSetFrustum">(s, f, typeOf(orthographic));
-}
+    run(f, typeOf(orthographic));
+};
 
 /// An operation with one number.
-template <Name name, void (oracle::Projection::*member)(oracle::Judgement&, Real)>
-void setNumber(Step& s) {
-    const double value = factor(s.bytes);
+template <void (oracle::Projection::*member)(oracle::Judgement&, Real), int scale = 1>
+constexpr auto setNumber = [](Step& s, auto run) {
+    const double value = scale * factor(s.bytes);
     (s.camera.projection.*member)(s.judge, value);
-    change<name>(s, value);
-}
+    run(value);
+};
 
-void setFar(Step& s) {
-    const double value = 64.0 * factor(s.bytes);
-    s.camera.projection.setFar(s.judge, value);
-    change<"projectionSetFar">(s, value);
-}
-
-void setFoV(Step& s) {
+constexpr auto setFoV = [](Step& s, auto run) {
     const double horizontal = factor(s.bytes), vertical = factor(s.bytes);
     s.camera.projection.setFoV(s.judge, horizontal, vertical);
-    change<"projectionSetFoV">(s, horizontal, vertical);
-}
+    run(horizontal, vertical);
+};
 
-void updatePerspective(Step& s) {
+constexpr auto updatePerspective = [](Step& s, auto run) {
     const double angle = factor(s.bytes), aspect = factor(s.bytes), n = factor(s.bytes), f = n + 16.0 * factor(s.bytes);
     s.camera.projection.setPerspective(s.judge, angle, aspect, n, f);
     s.judge.cancels(1.0L, std::cos(angle / 2.0L) * std::cos(angle / 2.0L));
-    change<"projectionUpdatePerspective">(s, angle, aspect, n, f);
-}
+    run(angle, aspect, n, f);
+};
 
-void updateOrthographic(Step& s) {
+constexpr auto updateOrthographic = [](Step& s, auto run) {
     const double width = factor(s.bytes), height = factor(s.bytes), n = factor(s.bytes);
     const double f = n + 16.0 * factor(s.bytes);
     s.camera.projection.setOrthographic(s.judge, width, height, n, f);
-    change<"projectionUpdateOrthographic">(s, width, height, n, f);
-}
+    run(width, height, n, f);
+};
 
-void setProjectionMatrix(Step& s) {
+constexpr auto setProjectionMatrix = [](Step& s, auto run) {
     const api::Matrix matrix = s.takenMatrix();
     const bool orthographic = s.bytes.byte() % 2 != 0;
     s.camera.projection.setMatrix(s.judge, real(matrix), orthographic);
-    change<"projectionSetProjectionMatrix">(s, matrix, typeOf(orthographic));
-}
+    run(matrix, typeOf(orthographic));
+};
 
-// Surfaces.
-
-void createDefaultSurface(Step& s) {
+constexpr auto createDefaultSurface = [](Step& s, auto run) {
     s.camera.surface = oracle::Surface::createDefault();
-    change<"surfaceCreateDefault">(s);
-}
+    run();
+};
 
-void createSurface(Step& s) {
+template <bool fromDefault>
+constexpr auto updateSurface = [](Step& s, auto run) {
     const api::Viewport v = viewport(s.bytes);
     const std::int32_t x = resolution(s.bytes), y = resolution(s.bytes);
-    s.camera.surface = oracle::Surface::createDefault();
+    if (fromDefault) {
+        s.camera.surface = oracle::Surface::createDefault();
+    }
     s.camera.surface.update(real(v), asUnsigned(x), asUnsigned(y));
-    change<"surfaceCreate">(s, v.mX, v.mY, v.mWidth, v.mHeight, v.mDepthMin, v.mDepthMax, x, y);
-}
+    run(v.mX, v.mY, v.mWidth, v.mHeight, v.mDepthMin, v.mDepthMax, x, y);
+};
 
-void setViewport(Step& s) {
+constexpr auto setViewport = [](Step& s, auto run) {
     const api::Viewport v = viewport(s.bytes);
     s.camera.surface.setViewport(real(v));
-    change<"surfaceSetViewport">(s, v);
-}
+    run(v);
+};
 
-void setResolutionX(Step& s) {
-    const std::int32_t x = resolution(s.bytes);
-    s.camera.surface.resize(asUnsigned(x), 0);
-    change<"surfaceSetResolutionX">(s, x);
-}
-
-void setResolutionY(Step& s) {
-    const std::int32_t y = resolution(s.bytes);
-    s.camera.surface.resize(0, asUnsigned(y));
-    change<"surfaceSetResolutionY">(s, y);
-}
-
-void updateSurface(Step& s) {
-    const api::Viewport v = viewport(s.bytes);
-    const std::int32_t x = resolution(s.bytes), y = resolution(s.bytes);
-    s.camera.surface.update(real(v), asUnsigned(x), asUnsigned(y));
-    change<"surfaceUpdate">(s, v.mX, v.mY, v.mWidth, v.mHeight, v.mDepthMin, v.mDepthMax, x, y);
-}
+template <bool isX>
+constexpr auto setResolution = [](Step& s, auto run) {
+    const std::int32_t pixels = resolution(s.bytes);
+    s.camera.surface.resize(isX ? asUnsigned(pixels) : 0, isX ? 0 : asUnsigned(pixels));
+    run(pixels);
+};
 
 } // namespace
 
 std::span<const Entry> projectionSteps() {
     using oracle::Projection;
     static constexpr std::array entries{
-        Entry{"projectionCreateDefault", createDefaultProjection, projection},
-        Entry{"projectionCreate", createProjection, projection},
-        Entry{"projectionSetFrustum", setFrustum, projection},
-        Entry{"projectionSetHFoV", setNumber<"projectionSetHFoV", &Projection::setHorizontalFoV>, projection},
-        Entry{"projectionSetVFoV", setNumber<"projectionSetVFoV", &Projection::setVerticalFoV>, projection},
-        Entry{"projectionSetFoV", setFoV, projection},
-        Entry{"projectionSetAspectRatio", setNumber<"projectionSetAspectRatio", &Projection::setAspect>, projection},
-        Entry{"projectionSetNear", setNumber<"projectionSetNear", &Projection::setNear>, projection},
-        Entry{"projectionSetFar", setFar, projection},
-        Entry{"projectionUpdatePerspective", updatePerspective, projection},
-        Entry{"projectionUpdateOrthographic", updateOrthographic, projection},
-        Entry{"projectionSetProjectionMatrix", setProjectionMatrix, projection},
-        Entry{"projectionZoom", setNumber<"projectionZoom", &Projection::zoom>, projection},
-    };
-    return entries;
-}
-
-std::span<const Entry> surfaceSteps() {
-    static constexpr std::array entries{
-        Entry{"surfaceCreateDefault", createDefaultSurface, surface},
-        Entry{"surfaceCreate", createSurface, surface},
-        Entry{"surfaceSetViewport", setViewport, surface},
-        Entry{"surfaceSetResolutionX", setResolutionX, surface},
-        Entry{"surfaceSetResolutionY", setResolutionY, surface},
-        Entry{"surfaceUpdate", updateSurface, surface},
+        entry<"projectionCreateDefault">(projection, createDefaultProjection),
+        entry<"projectionCreate">(projection, setFrustum<true>),
+        entry<"projectionSetFrustum">(projection, setFrustum<false>),
+        entry<"projectionSetHFoV">(projection, setNumber<&Projection::setHorizontalFoV>),
+        entry<"projectionSetVFoV">(projection, setNumber<&Projection::setVerticalFoV>),
+        entry<"projectionSetFoV">(projection, setFoV),
+        entry<"projectionSetAspectRatio">(projection, setNumber<&Projection::setAspect>),
+        entry<"projectionSetNear">(projection, setNumber<&Projection::setNear>),
+        entry<"projectionSetFar">(projection, setNumber<&Projection::setFar, 64>),
+        entry<"projectionUpdatePerspective">(projection, updatePerspective),
+        entry<"projectionUpdateOrthographic">(projection, updateOrthographic),
+        entry<"projectionSetProjectionMatrix">(projection, setProjectionMatrix),
+        entry<"projectionZoom">(projection, setNumber<&Projection::zoom>),
+        entry<"surfaceCreateDefault">(surface, createDefaultSurface),
+        entry<"surfaceCreate">(surface, updateSurface<true>),
+        entry<"surfaceSetViewport">(surface, setViewport),
+        entry<"surfaceSetResolutionX">(surface, setResolution<true>),
+        entry<"surfaceSetResolutionY">(surface, setResolution<false>),
+        entry<"surfaceUpdate">(surface, updateSurface<false>),
     };
     return entries;
 }

@@ -6,144 +6,124 @@
 namespace camera::fuzz::differential {
 namespace {
 
-void createDefault(Step& s) {
+constexpr auto createDefault = [](Step& s, auto run) {
     s.camera.view = oracle::Camera::createDefault().view;
-    change<"viewCreateDefault">(s);
-}
+    run();
+};
 
-void create(Step& s) {
+constexpr auto create = [](Step& s, auto run) {
     const api::Vector eye = s.takenVector(), at = s.takenVector(), up = s.takenVector();
     s.camera.view = oracle::View::create(s.judge, real(eye), real(at), real(up));
-    change<"viewCreate">(s, eye, at, up);
-}
+    run(eye, at, up);
+};
 
-void setEye(Step& s) {
+constexpr auto setEye = [](Step& s, auto run) {
     const api::Vector eye = s.takenVector();
     s.camera.view.moveTo(real(eye));
-    change<"viewSetEye">(s, eye);
-}
+    run(eye);
+};
 
-void updateLookat(Step& s) {
+constexpr auto updateLookat = [](Step& s, auto run) {
     const api::Vector eye = s.takenVector(), at = s.takenVector(), up = s.takenVector();
     s.camera.view.lookAt(s.judge, real(eye), real(at), real(up));
-    change<"viewUpdateLookat">(s, eye, at, up);
-}
+    run(eye, at, up);
+};
 
 /// Of any length: short ones, which are not made longer, too.
-void setOrientation(Step& s) {
+constexpr auto setOrientation = [](Step& s, auto run) {
     api::Quaternion orientation;
+    auto& q = orientation.mData;
     const double length = s.bytes.byte() % 8 == 0 ? 1e-5 : 1.0;
     for (std::size_t i = 0; i < 4; ++i) {
-        orientation.mData.push_back(length * coordinate(s.bytes));
+        q.push_back(length * coordinate(s.bytes));
     }
-    const auto& q = orientation.mData;
     s.camera.view.setOrientation(s.judge, {q[0], q[1], q[2], q[3]});
-    change<"viewSetOrientation">(s, orientation);
-}
+    run(orientation);
+};
 
-void setViewMatrix(Step& s) {
-    const api::Matrix matrix = s.takenMatrix();
-    s.camera.view.setViewMatrix(s.judge, real(matrix));
-    change<"viewSetViewMatrix">(s, matrix);
-}
-
-void setViewTransformMatrix(Step& s) {
-    const api::Matrix matrix = s.takenMatrix();
-    s.camera.view.setViewTransformMatrix(s.judge, real(matrix));
-    change<"viewSetViewTransformMatrix">(s, matrix);
-}
-
-template <Name name>
-void alongWorldAxis(Step& s) {
+constexpr auto alongWorldAxis = [](Step& s, auto run) {
     const api::Vector target = s.takenVector(), along = s.takenVector(), up = s.takenVector();
     s.camera.view.alongWorldAxis(s.judge, real(target), real(along), real(up));
-    change<name>(s, target, along, up);
-}
+    run(target, along, up);
+};
 
-template <Name name, std::size_t axis>
-void turnByTwice(Step& s) {
+template <std::size_t axis>
+constexpr auto turnByTwice = [](Step& s, auto run) {
     const double a = angle(s.bytes);
     s.camera.view.turnByTwice(s.judge, axis, a);
-    change<name>(s, a);
-}
+    run(a);
+};
 
-template <Name name>
-void yawPitchRoll(Step& s) {
+constexpr auto yawPitchRoll = [](Step& s, auto run) {
     const double yaw = angle(s.bytes), pitch = angle(s.bytes), roll = angle(s.bytes);
     s.camera.view.yawPitchRoll(s.judge, yaw, pitch, roll);
-    change<name>(s, yaw, pitch, roll);
-}
+    run(yaw, pitch, roll);
+};
 
 /// Some offsets are so small that they may count as nothing.
-api::Vector offsetOf(Step& s) {
+template <void (oracle::View::*member)(oracle::Judgement&, oracle::Vector)>
+constexpr auto translate = [](Step& s, auto run) {
     api::Vector offset = s.takenVector();
     if (s.bytes.byte() % 16 == 1) {
         for (double& value : offset.mData) {
             value *= 1e-8;
         }
     }
-    return offset;
-}
+    (s.camera.view.*member)(s.judge, real(offset));
+    run(offset);
+};
 
-template <Name name>
-void translateInView(Step& s) {
-    const api::Vector offset = offsetOf(s);
-    s.camera.view.translateInView(s.judge, real(offset));
-    change<name>(s, offset);
-}
-
-template <Name name>
-void translateInWorld(Step& s) {
-    const api::Vector offset = offsetOf(s);
-    s.camera.view.translateInWorld(s.judge, real(offset));
-    change<name>(s, offset);
-}
-
-template <Name name>
-void rotateAboutWorldAxis(Step& s) {
+constexpr auto rotateAboutWorldAxis = [](Step& s, auto run) {
     const api::Vector pivot = s.takenVector(), about = s.takenVector();
     const double a = angle(s.bytes), tilt = angle(s.bytes);
     s.camera.view.rotateAbout(s.judge, real(pivot), real(about), a, tilt, true);
-    change<name>(s, pivot, about, a, tilt);
-}
+    run(pivot, about, a, tilt);
+};
 
-template <Name name>
-void rotateAboutViewAxes(Step& s) {
+constexpr auto rotateAboutViewAxes = [](Step& s, auto run) {
     const api::Vector pivot = s.takenVector();
     const double a = angle(s.bytes), tilt = angle(s.bytes);
     s.camera.view.rotateAbout(s.judge, real(pivot), oracle::axis(s.camera.view.toView, 1), a, tilt, false);
-    change<name>(s, pivot, a, tilt);
-}
+    run(pivot, a, tilt);
+};
+
+template <void (oracle::View::*member)(oracle::Judgement&, const oracle::Matrix4&)>
+constexpr auto setMatrix = [](Step& s, auto run) {
+    const api::Matrix matrix = s.takenMatrix();
+    (s.camera.view.*member)(s.judge, real(matrix));
+    run(matrix);
+};
 
 } // namespace
 
 std::span<const Entry> viewSteps() {
+    using oracle::View;
     static constexpr std::array entries{
-        Entry{"viewCreateDefault", createDefault, view},
-        Entry{"viewCreate", create, view},
-        Entry{"viewSetEye", setEye, view},
-        Entry{"viewSetViewAlongWorldAxis", alongWorldAxis<"viewSetViewAlongWorldAxis">, view},
-        Entry{"viewSetOrientation", setOrientation, view},
-        Entry{"viewUpdateLookat", updateLookat, view},
-        Entry{"viewSetViewMatrix", setViewMatrix, view},
-        Entry{"viewSetViewTransformMatrix", setViewTransformMatrix, view},
-        Entry{"viewYaw", turnByTwice<"viewYaw", 1>, view},
-        Entry{"viewPitch", turnByTwice<"viewPitch", 0>, view},
-        Entry{"viewRoll", turnByTwice<"viewRoll", 2>, view},
-        Entry{"viewYawPitchRoll", yawPitchRoll<"viewYawPitchRoll">, view},
-        Entry{"viewTranslateInViewSpace", translateInView<"viewTranslateInViewSpace">, view},
-        Entry{"viewTranslateInWorldSpace", translateInWorld<"viewTranslateInWorldSpace">, view},
-        Entry{"viewRotateAboutWorldAxis", rotateAboutWorldAxis<"viewRotateAboutWorldAxis">, view},
-        Entry{"viewRotateAboutViewAxes", rotateAboutViewAxes<"viewRotateAboutViewAxes">, view},
-        Entry{"planarCameraSetViewAlongWorldAxis", alongWorldAxis<"planarCameraSetViewAlongWorldAxis">, view},
-        Entry{"planarCameraRotateAboutViewAxes", rotateAboutViewAxes<"planarCameraRotateAboutViewAxes">, view},
-        Entry{"planarCameraRotateAboutWorldAxis", rotateAboutWorldAxis<"planarCameraRotateAboutWorldAxis">, view},
-        Entry{"planarCameraTranslateInWorldSpace", translateInWorld<"planarCameraTranslateInWorldSpace">, view},
-        Entry{"planarCameraTranslateInViewSpace", translateInView<"planarCameraTranslateInViewSpace">, view},
-        Entry{"planarCameraYaw", turnByTwice<"planarCameraYaw", 1>, view},
-        Entry{"planarCameraPitch", turnByTwice<"planarCameraPitch", 0>, view},
-        Entry{"planarCameraRoll", turnByTwice<"planarCameraRoll", 2>, view},
-        Entry{"planarCameraYawPitchRoll", yawPitchRoll<"planarCameraYawPitchRoll">, view},
+        entry<"viewCreateDefault">(view, createDefault),
+        entry<"viewCreate">(view, create),
+        entry<"viewSetEye">(view, setEye),
+        entry<"viewUpdateLookat">(view, updateLookat),
+        entry<"viewSetOrientation">(view, setOrientation),
+        entry<"viewSetViewMatrix">(view, setMatrix<&View::setViewMatrix>),
+        entry<"viewSetViewTransformMatrix">(view, setMatrix<&View::setViewTransformMatrix>),
+        entry<"viewSetViewAlongWorldAxis">(view, alongWorldAxis),
+        entry<"viewYaw">(view, turnByTwice<1>),
+        entry<"viewPitch">(view, turnByTwice<0>),
+        entry<"viewRoll">(view, turnByTwice<2>),
+        entry<"viewYawPitchRoll">(view, yawPitchRoll),
+        entry<"viewTranslateInViewSpace">(view, translate<&View::translateInView>),
+        entry<"viewTranslateInWorldSpace">(view, translate<&View::translateInWorld>),
+        entry<"viewRotateAboutWorldAxis">(view, rotateAboutWorldAxis),
+        entry<"viewRotateAboutViewAxes">(view, rotateAboutViewAxes),
+        entry<"planarCameraSetViewAlongWorldAxis">(view, alongWorldAxis),
+        entry<"planarCameraYaw">(view, turnByTwice<1>),
+        entry<"planarCameraPitch">(view, turnByTwice<0>),
+        entry<"planarCameraRoll">(view, turnByTwice<2>),
+        entry<"planarCameraYawPitchRoll">(view, yawPitchRoll),
+        entry<"planarCameraTranslateInViewSpace">(view, translate<&View::translateInView>),
+        entry<"planarCameraTranslateInWorldSpace">(view, translate<&View::translateInWorld>),
+        entry<"planarCameraRotateAboutWorldAxis">(view, rotateAboutWorldAxis),
+        entry<"planarCameraRotateAboutViewAxes">(view, rotateAboutViewAxes),
     };
     return entries;
 }

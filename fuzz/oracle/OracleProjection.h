@@ -123,23 +123,19 @@ struct Projection {
     }
 
     void setHorizontalFoV(Judgement& judge, Real angle) {
-        if (orthographic || judge.atMost(angle, tolerance)) {
-            return;
+        if (!orthographic && !judge.atMost(angle, tolerance)) {
+            const auto [nl, nr] = ends(judge, l, r, angle);
+            const Real half = (nr - nl) / aspect() / 2.0L, middle = (b + t) / 2.0L;
+            setFrustum(judge, {nl, nr, middle - half, middle + half, n, f}, false);
         }
-        const auto [nl, nr] = ends(judge, l, r, angle);
-        const Real half = (nr - nl) / aspect() / 2.0L;
-        const Real middle = (b + t) / 2.0L;
-        setFrustum(judge, {nl, nr, middle - half, middle + half, n, f}, false);
     }
 
     void setVerticalFoV(Judgement& judge, Real angle) {
-        if (orthographic || judge.atMost(angle, tolerance)) {
-            return;
+        if (!orthographic && !judge.atMost(angle, tolerance)) {
+            const auto [nb, nt] = ends(judge, b, t, angle);
+            const Real half = (nt - nb) * aspect() / 2.0L, middle = (l + r) / 2.0L;
+            setFrustum(judge, {middle - half, middle + half, nb, nt, n, f}, false);
         }
-        const auto [nb, nt] = ends(judge, b, t, angle);
-        const Real half = (nt - nb) * aspect() / 2.0L;
-        const Real middle = (l + r) / 2.0L;
-        setFrustum(judge, {middle - half, middle + half, nb, nt, n, f}, false);
     }
 
     void setFoV(Judgement& judge, Real horizontal, Real vertical) {

@@ -94,7 +94,7 @@ struct View {
         toWorldKind = toViewKind = Kind::general;
     }
 
-    /// The rotation is the transpose of the one before, as required.
+    /// The rotation is that of the view matrix before, transposed.
     void setViewTransformMatrix(Judgement& judge, const Matrix4& matrix) {
         rotation = rotationOf(quaternionOf(judge, linearPart(toView)));
         toWorld = matrix;
@@ -209,17 +209,15 @@ struct View {
         }
         Vector up = axis(toView, 1);
         Vector forward = -1.0L * column(rotation, 2);
+        const auto turnAll = [&](Vector around, Real by) {
+            up = turned(up, around, by), forward = turned(forward, around, by), v = turned(v, around, by);
+        };
         if (tilts) {
             judge.cancels(1.0L, length(cross(a, v)));
-            const Vector t = unit(cross(a, v));
-            up = turned(up, t, tilt);
-            forward = turned(forward, t, tilt);
-            v = turned(v, t, tilt);
+            turnAll(unit(cross(a, v)), tilt);
         }
         if (turns) {
-            up = turned(up, a, angle);
-            forward = turned(forward, a, angle);
-            v = turned(v, a, angle);
+            turnAll(a, angle);
         }
         const Vector e = pivot + distance * v;
         lookAt(judge, e, e + forward, up);

@@ -20,8 +20,9 @@ namespace camera = api::camera;
 
 std::vector<OperationEntry> allOperations() {
     std::vector<OperationEntry> entries;
-    camera::forEachOperation([&](std::size_t slot, const auto& operation) {
-        OperationEntry entry{slot, operation.name, camera::groupOf(operation.name), {}, camera::resultType(operation)};
+    camera::forEachOperation([&](std::size_t number, const auto& operation) {
+        OperationEntry entry{
+            number, operation.name, camera::groupOf(operation.name), {}, camera::resultType(operation)};
         const auto types = camera::argumentTypes(operation);
         for (std::size_t index = 0; index < types.size(); ++index) {
             entry.arguments.push_back({operation.argumentNames[index], types[index]});
@@ -121,7 +122,7 @@ Json operationJson(const std::vector<OperationEntry>& entries) {
         for (const auto& [name, type] : entry.arguments) {
             arguments.push_back({{"name", name}, {"type", type}});
         }
-        list.push_back({{"slot", entry.slot},
+        list.push_back({{"number", entry.number},
                         {"name", entry.name},
                         {"group", entry.group},
                         {"arguments", std::move(arguments)},

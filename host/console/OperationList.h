@@ -17,14 +17,14 @@ struct OperationEntry {
         std::string_view type;
     };
 
-    std::size_t slot;
+    std::size_t number;
     std::string_view name;
     std::string_view group;
     std::vector<Argument> arguments;
     std::string_view result;
 };
 
-/// The operations whose names contain the pattern, in slot order: upper and lower case count alike, and *, ? and
+/// The operations whose names contain the pattern, in the table's order: upper and lower case count alike, and *, ? and
 /// [...] are those of the shell. All of them for the empty pattern.
 std::vector<OperationEntry> operationsLike(const std::string& pattern);
 
@@ -38,7 +38,7 @@ std::string namesLike(const std::string& name);
 /// One line for each operation, under a heading for each group.
 std::string operationLines(const std::vector<OperationEntry>& entries);
 
-/// A list of objects with slot, name, group, arguments (name and type each) and result.
+/// A list of objects with number, name, group, arguments (name and type each) and result.
 Json operationJson(const std::vector<OperationEntry>& entries);
 
 } // namespace qel::host

@@ -49,7 +49,7 @@ void addOpsCommand(CLI::App& app, Work& work) {
                         "Only operations whose names contain this, in upper or lower case; *, ? and [...] as in the "
                         "shell");
     CLI::Option* json = command->add_flag(
-        "--json", settings->json, "For programs: a list of objects with slot, name, group, arguments and result");
+        "--json", settings->json, "For programs: a list of objects with number, name, group, arguments and result");
     command->add_flag("--names", settings->names, "The names alone, one a line")->excludes(json);
     command->footer("The exit status is 1 where no operation's name contains PATTERN.");
     command->callback([settings, &work] { work = [settings] { return listOperations(*settings); }; });

@@ -8,7 +8,7 @@
 
 namespace qel::host {
 
-/// An image of red, green, blue and alpha bytes in sRGB, its top row first.
+/// A grid of red, green, blue and alpha bytes in sRGB, its top row first.
 struct Picture {
     int width = 0;
     int height = 0;

@@ -41,7 +41,7 @@ bool agree(std::span<const double> a, std::span<const double> b) {
         a, b, [&](double x, double y) { return near(x, y, tolerance * std::max(std::abs(x), std::abs(y)) + left); });
 }
 
-bool areInverse(const ImageMatrix& a, const ImageMatrix& b) {
+bool areInverse(const BlobMatrix& a, const BlobMatrix& b) {
     for (std::size_t row = 0; row < 4; ++row) {
         for (std::size_t column = 0; column < 4; ++column) {
             double sum = 0;
@@ -59,7 +59,7 @@ bool areInverse(const ImageMatrix& a, const ImageMatrix& b) {
     return true;
 }
 
-bool sameAxes(const ImageMatrix& a, const ImageMatrix& b) {
+bool sameAxes(const BlobMatrix& a, const BlobMatrix& b) {
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {
             if (!near(a(row, column), b(row, column), tolerance)) {
@@ -70,7 +70,7 @@ bool sameAxes(const ImageMatrix& a, const ImageMatrix& b) {
     return true;
 }
 
-bool isRotation(const ImageMatrix& matrix) {
+bool isRotation(const BlobMatrix& matrix) {
     for (std::size_t a = 0; a < 3; ++a) {
         for (std::size_t b = 0; b < 3; ++b) {
             const double product =
@@ -83,12 +83,12 @@ bool isRotation(const ImageMatrix& matrix) {
     return true;
 }
 
-ImageMatrix projectionMatrix(const std::array<double, 6>& frustum, bool orthographic) {
+BlobMatrix projectionMatrix(const std::array<double, 6>& frustum, bool orthographic) {
     const auto [left, right, bottom, top, near, far] = frustum;
     const double width = right - left;
     const double height = top - bottom;
     const double depth = far - near;
-    ImageMatrix matrix;
+    BlobMatrix matrix;
     if (orthographic) {
         matrix(0, 0) = 2 / width;
         matrix(1, 1) = 2 / height;
@@ -109,9 +109,9 @@ ImageMatrix projectionMatrix(const std::array<double, 6>& frustum, bool orthogra
     return matrix;
 }
 
-ImageMatrix screenMatrix(const std::array<double, 6>& viewport, double resolutionX, double resolutionY) {
+BlobMatrix screenMatrix(const std::array<double, 6>& viewport, double resolutionX, double resolutionY) {
     const auto [x, y, width, height, depthMin, depthMax] = viewport;
-    ImageMatrix matrix;
+    BlobMatrix matrix;
     matrix(0, 0) = width * resolutionX / 2;
     matrix(1, 1) = height * resolutionY / 2;
     matrix(2, 2) = (depthMax - depthMin) / 2;
@@ -122,7 +122,7 @@ ImageMatrix screenMatrix(const std::array<double, 6>& viewport, double resolutio
     return matrix;
 }
 
-std::array<double, 6> viewportOf(const ImageMatrix& toScreen, double resolutionX, double resolutionY) {
+std::array<double, 6> viewportOf(const BlobMatrix& toScreen, double resolutionX, double resolutionY) {
     const double halfWidth = toScreen(0, 0);
     const double halfHeight = toScreen(1, 1);
     return {(toScreen(0, 3) - halfWidth) / resolutionX,
@@ -133,9 +133,9 @@ std::array<double, 6> viewportOf(const ImageMatrix& toScreen, double resolutionX
             toScreen(2, 3) + toScreen(2, 2)};
 }
 
-ImageMatrix rotationOf(const std::array<double, 4>& quaternion) {
+BlobMatrix rotationOf(const std::array<double, 4>& quaternion) {
     const auto [x, y, z, w] = quaternion;
-    ImageMatrix matrix;
+    BlobMatrix matrix;
     matrix(0, 0) = 1 - 2 * (y * y + z * z);
     matrix(0, 1) = 2 * (x * y - w * z);
     matrix(0, 2) = 2 * (x * z + w * y);

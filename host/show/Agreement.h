@@ -18,20 +18,20 @@ bool agree(double a, double b);
 bool agree(std::span<const double> a, std::span<const double> b);
 
 /// Whether the product of both is the identity.
-bool areInverse(const ImageMatrix& a, const ImageMatrix& b);
+bool areInverse(const BlobMatrix& a, const BlobMatrix& b);
 /// Whether the upper left 3x3 of both are the same, in units of 1, the length of an axis.
-bool sameAxes(const ImageMatrix& a, const ImageMatrix& b);
+bool sameAxes(const BlobMatrix& a, const BlobMatrix& b);
 /// Whether the axes of the upper left 3x3 have the length 1 and are perpendicular.
-bool isRotation(const ImageMatrix& matrix);
+bool isRotation(const BlobMatrix& matrix);
 
 /// The matrix of a perspective or orthographic frustum: glFrustum and glOrtho.
-ImageMatrix projectionMatrix(const std::array<double, 6>& frustum, bool orthographic);
+BlobMatrix projectionMatrix(const std::array<double, 6>& frustum, bool orthographic);
 /// The matrix from normalised device coordinates to pixels: glViewport and glDepthRange, unrounded.
-ImageMatrix screenMatrix(const std::array<double, 6>& viewport, double resolutionX, double resolutionY);
+BlobMatrix screenMatrix(const std::array<double, 6>& viewport, double resolutionX, double resolutionY);
 /// The viewport from which screenMatrix would make this matrix.
-std::array<double, 6> viewportOf(const ImageMatrix& toScreen, double resolutionX, double resolutionY);
+std::array<double, 6> viewportOf(const BlobMatrix& toScreen, double resolutionX, double resolutionY);
 /// The rotation of a quaternion x, y, z, w of length 1, in the upper left 3x3.
-ImageMatrix rotationOf(const std::array<double, 4>& quaternion);
+BlobMatrix rotationOf(const std::array<double, 4>& quaternion);
 
 bool allFinite(std::span<const double> numbers);
 

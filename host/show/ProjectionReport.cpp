@@ -44,11 +44,11 @@ void showFrustum(StateReport& report, const std::array<double, 6>& frustum, bool
     }
 }
 
-void compareFields(StateReport& report, const api::camera::ProjectionState& state, const ProjectionImage& image) {
-    compareField(report, part, "mProjectionMatrix", numbersOf(state.mProjectionMatrix), numbersOf(image.projection));
-    compareField(report, part, "mFrustum", numbersOfFrustum(state.mFrustum), image.frustum);
-    if ((state.mProjectionType == api::camera::ProjectionType::ORTHOGRAPHIC) != image.orthographic) {
-        report.warn(part, "mProjectionType is not the " + typeText(image.orthographic) +
+void compareFields(StateReport& report, const api::camera::ProjectionState& state, const ProjectionBlob& blob) {
+    compareField(report, part, "mProjectionMatrix", numbersOf(state.mProjectionMatrix), numbersOf(blob.projection));
+    compareField(report, part, "mFrustum", numbersOfFrustum(state.mFrustum), blob.frustum);
+    if ((state.mProjectionType == api::camera::ProjectionType::ORTHOGRAPHIC) != blob.orthographic) {
+        report.warn(part, "mProjectionType is not the " + typeText(blob.orthographic) +
                               " one that mPrivate has; operations read mPrivate alone");
     }
 }
@@ -67,9 +67,9 @@ void checkMatrix(StateReport& report, std::span<const double> matrix, const std:
 
 } // namespace
 
-void reportProjection(StateReport& report, const api::camera::ProjectionState& state, std::string_view image) {
+void reportProjection(StateReport& report, const api::camera::ProjectionState& state, std::string_view blob) {
     report.heading("Projection");
-    if (const auto read = readProjectionImage(image)) {
+    if (const auto read = readProjectionBlob(blob)) {
         compareFields(report, state, *read);
         showFrustum(report, read->frustum, read->orthographic);
         report.line("kind words", "projection matrix " + kindText(read->projection.kind) + ", its inverse " +

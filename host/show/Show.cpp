@@ -18,17 +18,17 @@ namespace {
 namespace camera = api::camera;
 
 void report(StateReport& report, const camera::ViewState& state) {
-    checkImageSize(report, "view", state.mPrivate.size(), viewImageSize);
+    checkBlobSize(report, "view", state.mPrivate.size(), viewBlobSize);
     reportView(report, state, state.mPrivate);
 }
 
 void report(StateReport& report, const camera::ProjectionState& state) {
-    checkImageSize(report, "projection", state.mPrivate.size(), projectionImageSize);
+    checkBlobSize(report, "projection", state.mPrivate.size(), projectionBlobSize);
     reportProjection(report, state, state.mPrivate);
 }
 
 void report(StateReport& report, const camera::SurfaceState& state) {
-    checkImageSize(report, "surface", state.mPrivate.size(), surfaceImageSize);
+    checkBlobSize(report, "surface", state.mPrivate.size(), surfaceBlobSize);
     reportSurface(report, state, state.mPrivate);
 }
 
@@ -68,13 +68,13 @@ StateReport reportMostLike(const Json& json) {
 } // namespace
 
 void reportPlanarCamera(StateReport& report, const camera::PlanarCameraState& state) {
-    checkImageSize(report, "camera", state.mPrivate.size(), planarCameraImageSize);
-    auto parts = partsOfImage(state.mPrivate);
+    checkBlobSize(report, "camera", state.mPrivate.size(), planarCameraBlobSize);
+    auto parts = partsOfBlob(state.mPrivate);
     if (parts.view.empty()) {
         parts = {state.mViewState.mPrivate, state.mProjectionState.mPrivate, state.mSurfaceState.mPrivate};
     }
     const auto compare = [&](const char* field, std::string_view nested, std::string_view own) {
-        if (!sameImage(nested, own)) {
+        if (!sameBlob(nested, own)) {
             report.warn("camera", std::string(field) + ".mPrivate is not the part of the camera's own mPrivate, which "
                                                        "alone operations on the camera read");
         }

@@ -1,113 +1,82 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/show/StateBlob.h"
 
-#include <bit>
-
 namespace qel::host {
 
 namespace {
 
-constexpr std::size_t headerSize = 8;
+namespace impl = api::camera::impl;
 
-/// Takes one number after the other; all are little-endian.
-class Reader {
-public:
-    explicit Reader(std::string_view bytes) : mBytes(bytes) { mBytes.remove_prefix(headerSize); }
-
-    std::uint64_t take(std::size_t size) {
-        std::uint64_t value = 0;
-        for (std::size_t index = 0; index < size; ++index) {
-            value |= std::uint64_t{static_cast<unsigned char>(mBytes[index])} << (8 * index);
-        }
-        mBytes.remove_prefix(size);
-        return value;
+template <class Object>
+std::optional<Object> objectIn(std::string_view bytes) {
+    constexpr std::size_t size = impl::blobSize<Object>;
+    if (bytes.size() < size) {
+        return std::nullopt;
     }
+    return Object(impl::ConstBlobBytes<size>(bytes.data(), size));
+}
 
-    std::uint32_t takeWord() { return static_cast<std::uint32_t>(take(4)); }
-    double takeDouble() { return std::bit_cast<double>(take(8)); }
-
-    template <std::size_t count>
-    std::array<double, count> takeDoubles() {
-        std::array<double, count> values{};
-        for (double& value : values) {
-            value = takeDouble();
+template <std::size_t order>
+BlobMatrix numbersOf(const api::camera::math::BasicMatrix<double, order, order>& object) {
+    BlobMatrix matrix;
+    for (std::size_t column = 0; column < order; ++column) {
+        for (std::size_t row = 0; row < order; ++row) {
+            matrix(row, column) = object(row, column);
         }
-        return values;
     }
-
-    /// A matrix, its kind word and the padding after that.
-    template <std::size_t order>
-    ImageMatrix takeMatrix() {
-        ImageMatrix matrix;
-        for (std::size_t column = 0; column < order; ++column) {
-            for (std::size_t row = 0; row < order; ++row) {
-                matrix(row, column) = takeDouble();
-            }
-        }
-        matrix.kind = takeWord();
-        takeWord();
-        return matrix;
-    }
-
-private:
-    std::string_view mBytes;
-};
+    matrix.kind = static_cast<std::uint32_t>(object.mKind);
+    return matrix;
+}
 
 } // namespace
 
-std::optional<ViewImage> readViewImage(std::string_view bytes) {
-    if (bytes.size() < viewImageSize) {
+std::optional<ViewBlob> readViewBlob(std::string_view bytes) {
+    const auto view = objectIn<impl::View>(bytes);
+    if (!view) {
         return std::nullopt;
     }
-    Reader reader(bytes);
-    ViewImage image;
-    image.viewTransform = reader.takeMatrix<4>();
-    image.view = reader.takeMatrix<4>();
-    image.rotation = reader.takeMatrix<3>();
-    image.eye = reader.takeDoubles<3>();
-    return image;
+    const auto& [x, y, z] = view->eye();
+    return ViewBlob{
+        numbersOf(view->viewTransformMatrix()), numbersOf(view->viewMatrix()), numbersOf(view->rotation()), {x, y, z}};
 }
 
-std::optional<ProjectionImage> readProjectionImage(std::string_view bytes) {
-    if (bytes.size() < projectionImageSize) {
+std::optional<ProjectionBlob> readProjectionBlob(std::string_view bytes) {
+    const auto projection = objectIn<impl::Projection>(bytes);
+    if (!projection) {
         return std::nullopt;
     }
-    Reader reader(bytes);
-    ProjectionImage image;
-    image.projection = reader.takeMatrix<4>();
-    image.inverse = reader.takeMatrix<4>();
-    image.orthographic = reader.takeWord() == 1;
-    reader.takeWord();
-    image.frustum = reader.takeDoubles<6>();
-    return image;
+    const auto& [left, right, bottom, top, nearDist, farDist] = projection->frustum();
+    return ProjectionBlob{numbersOf(projection->matrix()),
+                          numbersOf(projection->inverse()),
+                          projection->isOrthographic(),
+                          {left, right, bottom, top, nearDist, farDist}};
 }
 
-std::optional<SurfaceImage> readSurfaceImage(std::string_view bytes) {
-    if (bytes.size() < surfaceImageSize) {
+std::optional<SurfaceBlob> readSurfaceBlob(std::string_view bytes) {
+    const auto surface = objectIn<impl::Surface>(bytes);
+    if (!surface) {
         return std::nullopt;
     }
-    Reader reader(bytes);
-    SurfaceImage image;
-    image.viewport = reader.takeDoubles<6>();
-    image.toScreen = reader.takeMatrix<4>();
-    image.fromScreen = reader.takeMatrix<4>();
-    image.resolutionX = reader.takeWord();
-    image.resolutionY = reader.takeWord();
-    return image;
+    const auto& [x, y, width, height, depthMin, depthMax] = surface->viewport();
+    return SurfaceBlob{{x, y, width, height, depthMin, depthMax},
+                       numbersOf(surface->matrix()),
+                       numbersOf(surface->inverse()),
+                       surface->resolutionX(),
+                       surface->resolutionY()};
 }
 
-PlanarCameraImageParts partsOfImage(std::string_view bytes) {
-    if (bytes.size() < planarCameraImageSize) {
+PlanarCameraBlobParts partsOfBlob(std::string_view bytes) {
+    using Camera = impl::PlanarCamera;
+    if (bytes.size() < planarCameraBlobSize) {
         return {};
     }
-    // After its header the camera keeps 16 bytes of its own.
-    bytes.remove_prefix(headerSize + 16);
-    return {bytes.substr(0, viewImageSize), bytes.substr(viewImageSize, projectionImageSize),
-            bytes.substr(viewImageSize + projectionImageSize, surfaceImageSize)};
+    return {bytes.substr(Camera::viewInBlob, viewBlobSize), bytes.substr(Camera::projectionInBlob, projectionBlobSize),
+            bytes.substr(Camera::surfaceInBlob, surfaceBlobSize)};
 }
 
-bool sameImage(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && a.size() >= headerSize && a.substr(headerSize) == b.substr(headerSize);
+bool sameBlob(std::string_view a, std::string_view b) {
+    constexpr std::size_t header = impl::blobHeaderSize;
+    return a.size() == b.size() && a.size() >= header && a.substr(header) == b.substr(header);
 }
 
 } // namespace qel::host

@@ -75,7 +75,7 @@ std::vector<double> numbersOf(const api::camera::Matrix& matrix) {
     return numbers;
 }
 
-std::vector<double> numbersOf(const ImageMatrix& matrix) {
+std::vector<double> numbersOf(const BlobMatrix& matrix) {
     std::vector<double> numbers;
     for (std::size_t row = 0; row < 4; ++row) {
         for (std::size_t column = 0; column < 4; ++column) {
@@ -86,21 +86,21 @@ std::vector<double> numbersOf(const ImageMatrix& matrix) {
 }
 
 void compareField(StateReport& report, std::string_view part, std::string_view field, std::span<const double> inField,
-                  std::span<const double> inImage) {
-    if (agree(inField, inImage)) {
+                  std::span<const double> inBlob) {
+    if (agree(inField, inBlob)) {
         return;
     }
     constexpr std::size_t fewNumbers = 6;
     std::string text(field);
-    if (inField.size() <= fewNumbers && inImage.size() <= fewNumbers) {
-        text.append(" is ").append(shown(inField)).append(", but mPrivate has ").append(shown(inImage));
+    if (inField.size() <= fewNumbers && inBlob.size() <= fewNumbers) {
+        text.append(" is ").append(shown(inField)).append(", but mPrivate has ").append(shown(inBlob));
     } else {
         text.append(" is not the matrix that mPrivate has");
     }
     report.warn(part, text.append("; operations read mPrivate alone"));
 }
 
-void checkImageSize(StateReport& report, std::string_view part, std::size_t size, std::size_t wanted) {
+void checkBlobSize(StateReport& report, std::string_view part, std::size_t size, std::size_t wanted) {
     const std::string has =
         "mPrivate has " + std::to_string(size) + " bytes instead of " + std::to_string(wanted) + ": ";
     if (size < wanted) {

@@ -37,14 +37,14 @@ std::string shown(double number);
 /// In brackets, with commas.
 std::string shown(std::span<const double> numbers);
 
-// Each tells of one state. What it shows is what operations would find: what the image holds, or, where that is too
-// short for any operation, the fields. It warns of fields that differ from the image, of parts that do not follow from
+// Each tells of one state. What it shows is what operations would find: what the blob holds, or, where that is too
+// short for any operation, the fields. It warns of fields that differ from the blob, of parts that do not follow from
 // each other, as after a raw matrix or viewport was set, and of numbers that are not finite.
 //
-// The image is the state's own, or the part of the planar camera's that stands for it.
-void reportView(StateReport& report, const api::camera::ViewState& state, std::string_view image);
-void reportProjection(StateReport& report, const api::camera::ProjectionState& state, std::string_view image);
-void reportSurface(StateReport& report, const api::camera::SurfaceState& state, std::string_view image);
+// The blob is the state's own, or the part of the planar camera's that stands for it.
+void reportView(StateReport& report, const api::camera::ViewState& state, std::string_view blob);
+void reportProjection(StateReport& report, const api::camera::ProjectionState& state, std::string_view blob);
+void reportSurface(StateReport& report, const api::camera::SurfaceState& state, std::string_view blob);
 void reportPlanarCamera(StateReport& report, const api::camera::PlanarCameraState& state);
 
 // For the functions above.
@@ -53,11 +53,11 @@ void reportPlanarCamera(StateReport& report, const api::camera::PlanarCameraStat
 std::string kindText(std::uint32_t kind);
 /// The numbers of a record, rows one after the other.
 std::vector<double> numbersOf(const api::camera::Matrix& matrix);
-std::vector<double> numbersOf(const ImageMatrix& matrix);
-/// Warns where a field does not hold what the image does.
+std::vector<double> numbersOf(const BlobMatrix& matrix);
+/// Warns where a field does not hold what the blob does.
 void compareField(StateReport& report, std::string_view part, std::string_view field, std::span<const double> inField,
-                  std::span<const double> inImage);
-/// Warns of an image that is not as long as it should be.
-void checkImageSize(StateReport& report, std::string_view part, std::size_t size, std::size_t wanted);
+                  std::span<const double> inBlob);
+/// Warns of a blob that is not as long as it should be.
+void checkBlobSize(StateReport& report, std::string_view part, std::size_t size, std::size_t wanted);
 
 } // namespace qel::host

@@ -33,26 +33,26 @@ void showSurface(StateReport& report, const std::array<double, 6>& viewport, dou
     }
 }
 
-void checkMatrices(StateReport& report, const SurfaceImage& image) {
-    if (!allFinite(image.toScreen.elements) || !allFinite(image.fromScreen.elements)) {
+void checkMatrices(StateReport& report, const SurfaceBlob& blob) {
+    if (!allFinite(blob.toScreen.elements) || !allFinite(blob.fromScreen.elements)) {
         report.warn(part, "its viewport matrices hold numbers that are not finite");
     }
-    if (!agree(image.toScreen.elements, screenMatrix(image.viewport, image.resolutionX, image.resolutionY).elements)) {
+    if (!agree(blob.toScreen.elements, screenMatrix(blob.viewport, blob.resolutionX, blob.resolutionY).elements)) {
         report.warn(part, "screen positions are still those of the viewport " +
-                              shown(viewportOf(image.toScreen, image.resolutionX, image.resolutionY)) +
+                              shown(viewportOf(blob.toScreen, blob.resolutionX, blob.resolutionY)) +
                               ", as after surfaceSetViewport; the next change of a resolution or of the window's "
                               "size brings them in step");
     }
-    if (!areInverse(image.toScreen, image.fromScreen)) {
+    if (!areInverse(blob.toScreen, blob.fromScreen)) {
         report.warn(part, "the viewport matrix and the inverse that it keeps do not belong together");
     }
 }
 
 } // namespace
 
-void reportSurface(StateReport& report, const api::camera::SurfaceState& state, std::string_view image) {
+void reportSurface(StateReport& report, const api::camera::SurfaceState& state, std::string_view blob) {
     report.heading("Surface");
-    if (const auto read = readSurfaceImage(image)) {
+    if (const auto read = readSurfaceBlob(blob)) {
         const double resolutionX = read->resolutionX;
         const double resolutionY = read->resolutionY;
         compareField(report, part, "mViewport", numbersOfViewport(state.mViewport), read->viewport);

@@ -14,12 +14,12 @@ constexpr std::string_view part = "view";
 
 using Point = std::array<double, 3>;
 
-Point column(const ImageMatrix& matrix, std::size_t index, double factor) {
+Point column(const BlobMatrix& matrix, std::size_t index, double factor) {
     return {factor * matrix(0, index), factor * matrix(1, index), factor * matrix(2, index)};
 }
 
 /// What the fields alone tell, where they have the numbers for it.
-std::optional<ViewImage> viewOfFields(const api::camera::ViewState& state) {
+std::optional<ViewBlob> viewOfFields(const api::camera::ViewState& state) {
     const auto transform = numbersOf(state.mViewTransformMatrix);
     const auto view = numbersOf(state.mViewMatrix);
     const auto& eye = state.mEye.mData;
@@ -27,59 +27,59 @@ std::optional<ViewImage> viewOfFields(const api::camera::ViewState& state) {
     if (transform.size() != 16 || view.size() != 16 || eye.size() != 3 || orientation.size() != 4) {
         return std::nullopt;
     }
-    ViewImage image;
+    ViewBlob blob;
     for (std::size_t row = 0; row < 4; ++row) {
         for (std::size_t col = 0; col < 4; ++col) {
-            image.viewTransform(row, col) = transform[4 * row + col];
-            image.view(row, col) = view[4 * row + col];
+            blob.viewTransform(row, col) = transform[4 * row + col];
+            blob.view(row, col) = view[4 * row + col];
         }
     }
-    image.rotation = rotationOf({orientation[0], orientation[1], orientation[2], orientation[3]});
-    std::ranges::copy(eye, image.eye.begin());
-    return image;
+    blob.rotation = rotationOf({orientation[0], orientation[1], orientation[2], orientation[3]});
+    std::ranges::copy(eye, blob.eye.begin());
+    return blob;
 }
 
-void compareFields(StateReport& report, const api::camera::ViewState& state, const ViewImage& image) {
+void compareFields(StateReport& report, const api::camera::ViewState& state, const ViewBlob& blob) {
     compareField(report, part, "mViewTransformMatrix", numbersOf(state.mViewTransformMatrix),
-                 numbersOf(image.viewTransform));
-    compareField(report, part, "mViewMatrix", numbersOf(state.mViewMatrix), numbersOf(image.view));
-    compareField(report, part, "mEye", state.mEye.mData, image.eye);
-    compareField(report, part, "mDirection", state.mDirection.mData, column(image.rotation, 2, -1));
+                 numbersOf(blob.viewTransform));
+    compareField(report, part, "mViewMatrix", numbersOf(state.mViewMatrix), numbersOf(blob.view));
+    compareField(report, part, "mEye", state.mEye.mData, blob.eye);
+    compareField(report, part, "mDirection", state.mDirection.mData, column(blob.rotation, 2, -1));
     // A matrix that is no rotation has no quaternion to compare with.
     const auto& orientation = state.mOrientation.mData;
-    if (isRotation(image.rotation) &&
+    if (isRotation(blob.rotation) &&
         (orientation.size() != 4 ||
-         !sameAxes(rotationOf({orientation[0], orientation[1], orientation[2], orientation[3]}), image.rotation))) {
+         !sameAxes(rotationOf({orientation[0], orientation[1], orientation[2], orientation[3]}), blob.rotation))) {
         report.warn(part, "mOrientation is " + shown(orientation) +
                               ", which is not the rotation that mPrivate has; operations read mPrivate alone");
     }
 }
 
-void checkAgreement(StateReport& report, const ViewImage& image) {
-    if (!allFinite(image.viewTransform.elements) || !allFinite(image.view.elements) ||
-        !allFinite(image.rotation.elements) || !allFinite(image.eye)) {
+void checkAgreement(StateReport& report, const ViewBlob& blob) {
+    if (!allFinite(blob.viewTransform.elements) || !allFinite(blob.view.elements) ||
+        !allFinite(blob.rotation.elements) || !allFinite(blob.eye)) {
         report.warn(part, "it holds numbers that are not finite");
     }
-    if (!areInverse(image.view, image.viewTransform)) {
+    if (!areInverse(blob.view, blob.viewTransform)) {
         report.warn(part, "the view matrix and the view transform matrix are not the inverse of each other, as after "
                           "a matrix was set that does more than rotate and move");
     }
-    if (!sameAxes(image.viewTransform, image.rotation)) {
-        report.warn(part, "the view transform matrix looks along " + shown(column(image.viewTransform, 2, -1)) +
-                              " with " + shown(column(image.viewTransform, 1, 1)) +
+    if (!sameAxes(blob.viewTransform, blob.rotation)) {
+        report.warn(part, "the view transform matrix looks along " + shown(column(blob.viewTransform, 2, -1)) +
+                              " with " + shown(column(blob.viewTransform, 1, 1)) +
                               " upwards, not as direction and up say, as after viewSetViewTransformMatrix; operations "
                               "that turn or move the view go on from direction and up");
     }
-    if (const Point moved = column(image.viewTransform, 3, 1); !agree(moved, image.eye)) {
+    if (const Point moved = column(blob.viewTransform, 3, 1); !agree(moved, blob.eye)) {
         report.warn(part, "the view transform matrix has its eye at " + shown(moved) + ", not where the eye is");
     }
 }
 
 } // namespace
 
-void reportView(StateReport& report, const api::camera::ViewState& state, std::string_view image) {
+void reportView(StateReport& report, const api::camera::ViewState& state, std::string_view blob) {
     report.heading("View");
-    const auto read = readViewImage(image);
+    const auto read = readViewBlob(blob);
     const auto view = read ? read : viewOfFields(state);
     if (read) {
         compareFields(report, state, *read);

@@ -12,8 +12,8 @@
 #include <qel/api/camera/CameraAPIIf.h>
 #include <qel/api/camera/Operations.h>
 
+#include "host/calls/ServiceCall.h"
 #include "host/scene/Geometry.h"
-#include "host/service/ServiceCall.h"
 
 namespace qel::host {
 

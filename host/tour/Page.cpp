@@ -27,8 +27,8 @@ std::string escaped(std::string_view text) {
     return result;
 }
 
-std::string lengthOf(const std::string& image) {
-    return std::to_string(image.size()).append(" bytes>").insert(0, 1, '<');
+std::string lengthOf(const std::string& blob) {
+    return std::to_string(blob.size()).append(" bytes>").insert(0, 1, '<');
 }
 
 std::string list(const std::vector<double>& values) {

@@ -32,7 +32,7 @@ struct PageHead {
     std::vector<std::pair<std::string, std::string>> facts;
 };
 
-/// The record's text, with the length of each opaque image in its place.
+/// The record's text, with the length of each opaque blob in its place.
 std::string readableText(const api::camera::PlanarCameraState& state);
 
 /// One page of HTML that needs nothing but the pictures beside it.

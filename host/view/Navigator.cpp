@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "host/service/ServiceCall.h"
-#include "host/service/Zoom.h"
+#include "host/calls/ServiceCall.h"
+#include "host/calls/Zoom.h"
 
 namespace qel::host {
 

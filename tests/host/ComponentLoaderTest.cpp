@@ -146,6 +146,33 @@ TEST(ComponentLoader, TellsAMissingFile) {
     EXPECT_STREQ(error->what(), "/nowhere/CameraLibrary.so: no such file");
 }
 
+/// A module that is wrong in one way, and how that is told.
+struct WrongModule {
+    const char* name;
+    LoadError::Reason reason;
+    const char* text;
+};
+
+class WrongModules : public ::testing::TestWithParam<WrongModule> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    ComponentLoader, WrongModules,
+    ::testing::Values(
+        WrongModule{"NoFactory", LoadError::Reason::missingSymbol, "does not export createComponentInstance"},
+        WrongModule{"NullInstance", LoadError::Reason::noInstance, "the factory returned no instance"},
+        WrongModule{"ThrowingFactory", LoadError::Reason::noInstance, "the factory threw: the fixture's own words"},
+        WrongModule{"OtherComponent", LoadError::Reason::wrongInterface, "the component offers no camera service"}),
+    [](const auto& parameter) { return parameter.param.name; });
+
+TEST_P(WrongModules, AreToldAndNotKept) {
+    const auto file = fixtures / (std::string(GetParam().name) + ".so");
+    const auto error = errorOf(file);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), GetParam().reason);
+    EXPECT_EQ(error->what(), file.string() + ": " + GetParam().text);
+    EXPECT_FALSE(isMapped(file));
+}
+
 TEST(ComponentLoader, TellsAFileThatIsNoModule) {
     const TemporaryFolder folder;
     const auto file = folder.write("Text.so", "These are words.\n");
@@ -153,49 +180,7 @@ TEST(ComponentLoader, TellsAFileThatIsNoModule) {
     ASSERT_TRUE(error);
     EXPECT_EQ(error->reason(), LoadError::Reason::notAModule);
     EXPECT_THAT(error->what(), HasSubstr(file.string() + ": cannot be loaded: "));
-}
-
-TEST(ComponentLoader, TellsAFolder) {
-    const TemporaryFolder folder;
-    const auto error = errorOf(folder.path());
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::notAModule);
-}
-
-TEST(ComponentLoader, TellsAModuleWithoutTheFactory) {
-    const auto file = fixtures / "NoFactory.so";
-    const auto error = errorOf(file);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::missingSymbol);
-    EXPECT_EQ(error->what(), file.string() + ": does not export createComponentInstance");
-    EXPECT_FALSE(isMapped(file));
-}
-
-TEST(ComponentLoader, TellsAFactoryThatReturnsNull) {
-    const auto file = fixtures / "NullInstance.so";
-    const auto error = errorOf(file);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::noInstance);
-    EXPECT_EQ(error->what(), file.string() + ": the factory returned no instance");
-    EXPECT_FALSE(isMapped(file));
-}
-
-TEST(ComponentLoader, TellsAFactoryThatThrowsWithoutKeepingTheModule) {
-    const auto file = fixtures / "ThrowingFactory.so";
-    const auto error = errorOf(file);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::noInstance);
-    EXPECT_EQ(error->what(), file.string() + ": the factory threw: the fixture's own words");
-    EXPECT_FALSE(isMapped(file));
-}
-
-TEST(ComponentLoader, TellsAComponentThatIsNoCamera) {
-    const auto file = fixtures / "OtherComponent.so";
-    const auto error = errorOf(file);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::wrongInterface);
-    EXPECT_EQ(error->what(), file.string() + ": the component offers no camera service");
-    EXPECT_FALSE(isMapped(file));
+    EXPECT_EQ(errorOf(folder.path())->reason(), LoadError::Reason::notAModule);
 }
 
 } // namespace

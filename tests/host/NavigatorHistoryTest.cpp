@@ -10,13 +10,6 @@ namespace {
 
 using NavigatorHistoryTest = NavigatorFixture;
 
-TEST_F(NavigatorHistoryTest, ADragIsOneStepOfTheHistory) {
-    const auto first = navigator.camera();
-    drag(Drag::pan, somewhere, elsewhere);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-}
-
 TEST_F(NavigatorHistoryTest, ZoomingOnAtAPixelIsOneStepOfTheHistory) {
     const auto first = navigator.camera();
     navigator.zoom(somewhere, 1.0);

@@ -168,26 +168,6 @@ TEST_F(ViewerWindow, UndoAndRedoGiveTheSameBytes) {
     EXPECT_EQ(save() == zoomed, true);
 }
 
-TEST_F(ViewerWindow, UndoDuringADragTakesBackThatDragAlone) {
-    desktop.drag(left, x, y, x - 90, y + 30);
-    const std::string turned = save();
-    desktop.press(middle);
-    desktop.move(x, y);
-    desktop.type('u');
-    desktop.move(x + 40, y);
-    desktop.release(middle);
-    EXPECT_TRUE(save() == turned);
-}
-
-TEST_F(ViewerWindow, AnotherTurnOfTheWheelAtThePlaceIsNoStepOfItsOwn) {
-    desktop.move(x, y);
-    const std::string before = save();
-    desktop.turnWheel(4);
-    EXPECT_FALSE(save() == before);
-    desktop.type('u');
-    EXPECT_TRUE(save() == before);
-}
-
 TEST_F(ViewerWindow, KeysLookAlongTheAxes) {
     const double third = 1.0 / std::sqrt(3.0);
     const std::vector<std::pair<char, Vec3>> directions{{'1', {0, 0, -1}},
@@ -211,15 +191,6 @@ TEST_F(ViewerWindow, KeySwitchesTheProjection) {
     expectToSee(orthographic);
     desktop.type('p');
     EXPECT_FALSE(Sight(camera()).isOrthographic());
-}
-
-TEST_F(ViewerWindow, DragsHoldInTheOrthographicProjectionToo) {
-    desktop.type('p');
-    const Vec3 seen = Sight(camera()).pointOf(teapot(), {static_cast<double>(x), static_cast<double>(y)}).value();
-    desktop.drag(middle, x, y, x + 100, y - 50);
-    expectSeenAt(camera(), seen, x + 100, y - 50);
-    desktop.drag(left, x + 100, y - 50, x + 10, y);
-    expectSeenAt(camera(), seen, x + 100, y - 50);
 }
 
 TEST_F(ViewerWindow, KeyFitsTheModel) {

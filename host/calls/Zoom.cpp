@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "host/service/Zoom.h"
+#include "host/calls/Zoom.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 
-#include "host/service/ServiceCall.h"
+#include "host/calls/ServiceCall.h"
 
 namespace qel::host {
 
