@@ -19,7 +19,7 @@ namespace qel::bench {
 
 void registerOperations(api::camera::CameraAPIIf& camera, const Workload& workload);
 void registerControls();
-void registerImpl(api::camera::CameraAPIIf& camera, const Workload& workload);
+void registerImpl(api::camera::CameraAPIIf& service, const Workload& workload);
 void registerWire(const Workload& workload);
 
 void registerGlm();

@@ -56,7 +56,7 @@ public:
         return argument;
     }
 
-    /// `work` takes a copy of the start, changes it or answers a question about it. The numbers that it carries along
+    /// `work` changes a copy of the start, or answers a question about it. The numbers that it carries along
     /// are no constants to the compiler, which knows nothing of the workload.
     template <std::size_t number, class Object, class Work>
     void add(const Object& start, const Work& work) const {
@@ -64,12 +64,12 @@ public:
         benchmark::RegisterBenchmark(("impl/" + std::string(Operation::operation.name)).c_str(),
                                      [start, work, &camera = mCamera, &workload = mWorkload](benchmark::State& state) {
                                          const auto once = [&] {
-                                             Object object = start;
-                                             if constexpr (std::is_void_v<decltype(work(object))>) {
+                                             if constexpr (std::is_void_v<std::invoke_result_t<Work, Object&>>) {
+                                                 Object object = start;
                                                  work(object);
                                                  return object;
                                              } else {
-                                                 return work(object);
+                                                 return work(start);
                                              }
                                          };
                                          typename Operation::Result expected;

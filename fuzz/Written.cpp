@@ -18,7 +18,7 @@ namespace {
 template <class State>
 ObjectOf<State> takeBlob(const State& state) {
     require(state.mPrivate.size() == blobSize<State>, "a blob has its object's size");
-    const ObjectOf<State> object = objectIn(state);
+    ObjectOf<State> object = objectIn(state);
     std::array<char, blobSize<State>> written{};
     object.writeTo(written);
     require(std::string_view(written.data(), written.size()) == state.mPrivate, "a blob is what its object writes");

@@ -76,18 +76,6 @@ TEST(OutputFolder, ReplacesAnEarlierTourFileByFileWhereFoldersCannotBeExchanged)
     EXPECT_EQ(contentOf(folder.path()).size(), 1U);
 }
 
-TEST(OutputFolder, LeavesAnEarlierTourAloneWhenItIsNotPublished) {
-    const TemporaryFolder folder;
-    makeEarlierTour(folder / "out");
-    const auto before = contentOf(folder / "out");
-    {
-        const OutputFolder output(folder / "out");
-        writeFile(output.folder() / "index.html", page);
-    }
-    EXPECT_EQ(contentOf(folder / "out"), before);
-    EXPECT_EQ(contentOf(folder.path()).size(), 1U);
-}
-
 TEST(OutputFolder, FillsTheCurrentFolderWhereItIs) {
     const TemporaryFolder folder;
     makeEarlierTour(folder / "out");

@@ -64,13 +64,6 @@ TEST(Program, TellsAMissingModelAndMakesNoFolder) {
     EXPECT_FALSE(std::filesystem::exists(folder / "new"));
 }
 
-TEST(Program, TellsAFolderThatIsNotItsOwn) {
-    const TemporaryFolder folder;
-    folder.write("notes.txt", "mine");
-    expectOneLine(run(folder, {"tour", teapot, "--out", folder.path()}), "holds what no tour made");
-    EXPECT_EQ(readText(folder / "notes.txt"), "mine");
-}
-
 TEST(Program, TellsAWindowThatCannotBeDrawn) {
     const TemporaryFolder folder;
     for (const char* size : {"0x640", "960x100000", "-5x640"}) {

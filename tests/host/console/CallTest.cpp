@@ -98,6 +98,13 @@ TEST(Call, TakesAFrustumAsItsNumbersAndATypeByItsNameOrNumber) {
     }
 }
 
+TEST(Call, TakesAViewportAsItsNumbers) {
+    const auto state = valueOf<camera::SurfaceStateResult>(
+        call("surfaceSetViewport", {"-", "0.5,0,0.25,1,0,1"}, call("surfaceCreateDefault", {}).json));
+    EXPECT_EQ(state.mViewport.mX, 0.5);
+    EXPECT_EQ(state.mViewport.mWidth, 0.25);
+}
+
 TEST(Call, TakesAFileAndTheValueOfAResultInIt) {
     const TemporaryFolder folder;
     const auto view = folder.write("view.json", defaultView());

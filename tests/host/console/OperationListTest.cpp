@@ -47,6 +47,13 @@ TEST(OperationList, FindsPatternsOfTheShell) {
                             "planarCameraPanWithAnchor"));
 }
 
+TEST(OperationList, ShowsAnOperationWithItsArgumentsAndItsResult) {
+    EXPECT_EQ(signatureOf("viewSetEye"), "viewSetEye(state:ViewState, eye:Vector) -> ViewStateResult");
+    EXPECT_EQ(signatureOf("surfaceCreateDefault"), "surfaceCreateDefault() -> SurfaceStateResult");
+    EXPECT_EQ(signatureOf("projectionCreate"),
+              "projectionCreate(frustum:Frustum, projectionType:ProjectionType) -> ProjectionStateResult");
+}
+
 TEST(OperationList, HasAHeadingForEachGroup) {
     EXPECT_EQ(operationLines(operationsLike("defa")), "View\n"
                                                       "  viewCreateDefault() -> ViewStateResult\n"
