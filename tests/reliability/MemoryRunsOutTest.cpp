@@ -83,10 +83,10 @@ protected:
         return 0;
     }
 
-    /// The same for every operation with valid arguments; `start` makes the result that each begins with. One operation
-    /// that gives a number and those that write into storage of the right size are all that need no memory.
+    /// The same for every operation with valid arguments; `start` makes the result that each begins with.
     void exhaustAll(const Fail fail, const std::function<AnyResult(const AnyOperation&)>& start, const bool allocates) {
         for (const AnyOperation& operation : allOperations()) {
+            SCOPED_TRACE(operation.name);
             const Arguments arguments = mSamples.argumentsOf(operation);
             const std::size_t failures = exhaust(operation, start(operation), fail, [&](AnyResult& result) {
                 return aliasedArguments(result, arguments, 0, 0);
