@@ -45,7 +45,10 @@ void transpose(const NestedList& from, NestedList& to) {
     NestedList fresh;
     const bool inPlace = &to != &from && hasShape(to, columns, from.size());
     if (!inPlace) {
-        fresh.assign(columns, std::vector<double>(from.size()));
+        fresh.resize(columns);
+        for (std::vector<double>& row : fresh) {
+            row.resize(from.size());
+        }
     }
     NestedList& target = inPlace ? to : fresh;
     for (std::size_t j = 0; j < columns; ++j) {

@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-#include <qel/api/camera/OperationNames.h>
+#include <qel/api/camera/Operations.h>
 
 #include "fuzz/StateObjects.h"
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -158,7 +159,7 @@ constexpr std::size_t findOperation(std::string_view name) {
 /// does not compile.
 consteval std::size_t slotOf(std::string_view name) {
     const std::size_t number = findOperation(name);
-    return number < operationCount ? number : throw "there is no operation of this name";
+    return number < operationCount ? number : throw std::out_of_range("there is no operation of this name");
 }
 
 // What the table is called by in text: the group of an operation, and the types of its arguments and its result. For
