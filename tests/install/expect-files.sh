@@ -18,7 +18,7 @@ mapfile -t found < <(cd "$prefix" && find . ! -type d -printf '%P\n' | sed -E 's
 
 expected=(
     lib/camera-component/CameraLibrary.so
-    lib/libcamera_records.a
+    lib/libcamera_interface.a
     lib/cmake/CameraComponent/CameraComponent{Config,ConfigVersion,Targets}.cmake
     lib/pkgconfig/camera-component.pc
     share/camera-component/thrift/{base,camera}.thrift
