@@ -19,7 +19,7 @@ private=$prefix/lib/camera-component/thrift
 [[ -d $private ]] || { echo "skipped: the package has no Thrift of its own" && exit 77; }
 
 rm -rf "$work"
-mkdir -p "$work/machine"
+mkdir -p "$work/machine/bin" # ThriftConfig.cmake wants to see one
 cp -R "$prefix" "$work/prefix"
 rm -rf "$work/prefix/lib/camera-component/thrift"
 cp -R "$(dirname "$library")" "$work/machine/lib"
