@@ -6,6 +6,7 @@
 
 #include <qel/api/camera/States.h>
 
+#include "component/ReadArguments.h"
 #include "impl/Blob.h"
 #include "impl/PlanarCamera.h"
 #include "impl/Projection.h"
@@ -18,28 +19,24 @@ namespace qel::api::camera::component {
 // stands there, nothing recomputed or validated. Throws std::invalid_argument where mPrivate is shorter than the
 // object's blob; bytes after it are ignored.
 
-[[noreturn]] void throwShortBlob(const char* state, std::size_t expected, std::size_t size);
-
 template <class Object>
 [[nodiscard]] impl::ConstBlobBytes<impl::blobSize<Object>> checkedBlob(const std::string& bytes, const char* state) {
     constexpr std::size_t size = impl::blobSize<Object>;
-    if (bytes.size() < size) [[unlikely]] {
-        throwShortBlob(state, size, bytes.size());
-    }
+    expectAtLeast(bytes, size, state, "bytes");
     return impl::ConstBlobBytes<size>(bytes.data(), size);
 }
 
 [[nodiscard]] inline auto blobOf(const ViewState& state) {
-    return checkedBlob<impl::View>(state.mPrivate, "ViewState");
+    return checkedBlob<impl::View>(state.mPrivate, "ViewState::mPrivate");
 }
 [[nodiscard]] inline auto blobOf(const ProjectionState& state) {
-    return checkedBlob<impl::Projection>(state.mPrivate, "ProjectionState");
+    return checkedBlob<impl::Projection>(state.mPrivate, "ProjectionState::mPrivate");
 }
 [[nodiscard]] inline auto blobOf(const SurfaceState& state) {
-    return checkedBlob<impl::Surface>(state.mPrivate, "SurfaceState");
+    return checkedBlob<impl::Surface>(state.mPrivate, "SurfaceState::mPrivate");
 }
 [[nodiscard]] inline auto blobOf(const PlanarCameraState& state) {
-    return checkedBlob<impl::PlanarCamera>(state.mPrivate, "PlanarCameraState");
+    return checkedBlob<impl::PlanarCamera>(state.mPrivate, "PlanarCameraState::mPrivate");
 }
 
 [[nodiscard]] inline impl::View toObject(const ViewState& state) { return impl::View(blobOf(state)); }
