@@ -45,12 +45,13 @@ TEST(Arguments, ErrorsNameTheArgumentWhatWasExpectedAndWhatCame) {
 TEST(Arguments, ErrorsNameTheStateAndTheSizeOfItsBlob) {
     ViewState view;
     view.mPrivate.assign(383, '\0');
-    EXPECT_EQ(messageOf([&] { (void)toObject(view); }), "ViewState::mPrivate: expected 384 bytes, got 383");
+    EXPECT_EQ(messageOf([&] { (void)toObject(view); }), "argument ViewState::mPrivate: expected 384 bytes, got 383");
     EXPECT_EQ(messageOf([] { (void)toObject(ProjectionState()); }),
-              "ProjectionState::mPrivate: expected 336 bytes, got 0");
-    EXPECT_EQ(messageOf([] { (void)toObject(SurfaceState()); }), "SurfaceState::mPrivate: expected 336 bytes, got 0");
+              "argument ProjectionState::mPrivate: expected 336 bytes, got 0");
+    EXPECT_EQ(messageOf([] { (void)toObject(SurfaceState()); }),
+              "argument SurfaceState::mPrivate: expected 336 bytes, got 0");
     EXPECT_EQ(messageOf([] { (void)toObject(PlanarCameraState()); }),
-              "PlanarCameraState::mPrivate: expected 1080 bytes, got 0");
+              "argument PlanarCameraState::mPrivate: expected 1080 bytes, got 0");
 }
 
 TEST(Arguments, MatricesAreGeneralAndReadByRows) {
