@@ -7,11 +7,12 @@
 #include <type_traits>
 #include <vector>
 
-#include <qel/api/Field.h>
-
-#include "fuzz/SameBits.h"
+#include "tests/records/SameBits.h"
 
 namespace camera::fuzz {
+
+using qel::api::IsRecord;
+using qel::api::sameBits;
 
 /// What a message about a record brings into a default one: every field is written and so flagged, apart from an
 /// optional one whose flag is down.

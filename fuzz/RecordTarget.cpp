@@ -13,7 +13,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <sstream>
 #include <string>
 #include <utility>
 
@@ -36,6 +35,7 @@ namespace {
 using apache::thrift::TConfiguration;
 using apache::thrift::TException;
 using apache::thrift::transport::TMemoryBuffer;
+using qel::api::textOf;
 
 /// A list of lists grows by doubling and its empty elements take 24 bytes for one on the wire; a message of any size
 /// may take the first part, for the protocol's own needs.
@@ -85,13 +85,6 @@ void readBack(Record& record, const std::string& message, std::size_t protocol, 
     const Reading reading =
         readInto(record, {reinterpret_cast<const std::uint8_t*>(message.data()), message.size()}, protocol, code);
     require(reading.complete && reading.left == 0, "a record is read to its end");
-}
-
-template <class Record>
-std::string textOf(const Record& record) {
-    std::ostringstream text;
-    text << record;
-    return text.str();
 }
 
 /// What was written must be readable, to the same bits, and be written in the same bytes again; by the records' own

@@ -23,13 +23,14 @@
 #include "fuzz/Expectations.h"
 #include "fuzz/Reached.h"
 #include "fuzz/Require.h"
-#include "fuzz/SameBits.h"
 #include "fuzz/Written.h"
+#include "tests/records/SameBits.h"
 
 namespace camera::fuzz {
 namespace {
 
 using api::operationCount;
+using qel::api::sameBits;
 constexpr std::size_t mostSteps = 12;
 
 /// Each operation with success, at twice its number, and with failure, where an argument can be too short.

@@ -8,11 +8,13 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
-#include "fuzz/SameBits.h"
 #include "fuzz/oracle/FromObject.h"
+#include "tests/records/SameBits.h"
 
 namespace camera::fuzz {
 namespace {
+
+using qel::api::sameBits;
 
 /// An object holds all that its blob does, apart from the header and the padding, which it writes as zeros.
 template <class State>

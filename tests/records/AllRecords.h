@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <qel/api/base/BaseFields.h>
 #include <qel/api/camera/Fields.h>
 
@@ -10,7 +8,8 @@ namespace qel::api {
 
 template <class... Records>
 struct RecordList {
-    using AsGtestTypes = ::testing::Types<Records...>;
+    template <template <class...> class List>
+    using As = List<Records...>;
 
     /// Calls visit.template operator()<Record>() for each.
     template <class Visitor>
@@ -19,6 +18,7 @@ struct RecordList {
     }
 };
 
+/// In the order that the committed inputs of the fuzz target `records` rely on.
 using AllRecords =
     RecordList<base::ServiceResult, base::StringResult, camera::Vector, camera::Quaternion, camera::Matrix,
                camera::Frustum, camera::Viewport, camera::ViewState, camera::ProjectionState, camera::SurfaceState,

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -9,7 +8,6 @@
 #include <limits>
 #include <random>
 #include <string>
-#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -123,31 +121,5 @@ private:
     bool mNaN = false;
     bool mZeroBytes = true;
 };
-
-inline bool identical(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
-inline bool identical(const std::string& a, const std::string& b) { return a == b; }
-template <class Value>
-requires std::is_integral_v<Value> || std::is_enum_v<Value>
-bool identical(Value a, Value b) { return a == b; }
-template <class Record>
-requires std::is_class_v<Record>
-bool identical(const Record& a, const Record& b);
-
-template <class Element>
-bool identical(const std::vector<Element>& a, const std::vector<Element>& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const Element& one, const Element& other) { return identical(one, other); });
-}
-
-/// The same to the bit in every field, values under lowered flags included, and the same flags.
-template <class Record>
-requires std::is_class_v<Record>
-bool identical(const Record& a, const Record& b) {
-    return std::apply(
-        [&](const auto&... field) {
-            return ((identical(a.*field.member, b.*field.member) && field.isSet(a) == field.isSet(b)) && ...);
-        },
-        FieldTable<Record>::fields);
-}
 
 } // namespace qel::api

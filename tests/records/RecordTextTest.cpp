@@ -15,6 +15,8 @@
 
 #include <qel/api/camera/CameraAPIIf.h>
 
+#include "tests/wire/WireBytes.h"
+
 namespace qel::api {
 namespace {
 
@@ -25,13 +27,6 @@ using camera::ProjectionState;
 using camera::ProjectionType;
 using camera::Vector;
 
-template <class Record>
-std::string text(const Record& record) {
-    std::ostringstream out;
-    out << record;
-    return out.str();
-}
-
 Vector vector(std::vector<double> values) {
     Vector v;
     v.mData = std::move(values);
@@ -39,44 +34,44 @@ Vector vector(std::vector<double> values) {
 }
 
 TEST(RecordText, Vector) {
-    EXPECT_EQ(text(Vector()), "Vector(mData=[])");
-    EXPECT_EQ(text(vector({1, 2.5, -3})), "Vector(mData=[1, 2.5, -3])");
+    EXPECT_EQ(textOf(Vector()), "Vector(mData=[])");
+    EXPECT_EQ(textOf(vector({1, 2.5, -3})), "Vector(mData=[1, 2.5, -3])");
 }
 
 TEST(RecordText, Matrix) {
     Matrix m;
-    EXPECT_EQ(text(m), "Matrix(mData=[])");
+    EXPECT_EQ(textOf(m), "Matrix(mData=[])");
     m.mData = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
-    EXPECT_EQ(text(m), "Matrix(mData=[[1, 0, 0, 0], [0, 1, 0, 0], [0, 0, 1, 0], [0, 0, 0, 1]])");
+    EXPECT_EQ(textOf(m), "Matrix(mData=[[1, 0, 0, 0], [0, 1, 0, 0], [0, 0, 1, 0], [0, 0, 0, 1]])");
     m.mData = {{}, {2}, {3, 4}};
-    EXPECT_EQ(text(m), "Matrix(mData=[[], [2], [3, 4]])");
+    EXPECT_EQ(textOf(m), "Matrix(mData=[[], [2], [3, 4]])");
 }
 
 TEST(RecordText, ServiceResultShowsAMessageOnlyWhileItIsSet) {
     ServiceResult r;
-    EXPECT_EQ(text(r), "ServiceResult(mError=0, mMessage=<null>)");
+    EXPECT_EQ(textOf(r), "ServiceResult(mError=0, mMessage=<null>)");
     r.mMessage = "left over";
-    EXPECT_EQ(text(r), "ServiceResult(mError=0, mMessage=<null>)");
+    EXPECT_EQ(textOf(r), "ServiceResult(mError=0, mMessage=<null>)");
     r.__set_mError(-1);
     r.__set_mMessage("Call to viewSetEye() failed.");
-    EXPECT_EQ(text(r), "ServiceResult(mError=-1, mMessage=Call to viewSetEye() failed.)");
+    EXPECT_EQ(textOf(r), "ServiceResult(mError=-1, mMessage=Call to viewSetEye() failed.)");
 }
 
 TEST(RecordText, StatesPrintTheirBlobAsRawBytes) {
     camera::ViewState v;
     v.mEye = vector({1, 2, 3});
     v.mPrivate = std::string("a\0\xff(", 4);
-    EXPECT_EQ(text(v), "ViewState(mViewTransformMatrix=Matrix(mData=[]), mViewMatrix=Matrix(mData=[]), "
-                       "mEye=Vector(mData=[1, 2, 3]), mDirection=Vector(mData=[]), "
-                       "mOrientation=Quaternion(mData=[]), mPrivate=" +
-                           std::string("a\0\xff()", 5));
+    EXPECT_EQ(textOf(v), "ViewState(mViewTransformMatrix=Matrix(mData=[]), mViewMatrix=Matrix(mData=[]), "
+                         "mEye=Vector(mData=[1, 2, 3]), mDirection=Vector(mData=[]), "
+                         "mOrientation=Quaternion(mData=[]), mPrivate=" +
+                             std::string("a\0\xff()", 5));
 }
 
 TEST(RecordText, AnEnumerationByNameOrElseByNumber) {
     const auto printed = [](int value) {
         ProjectionState p;
         p.mProjectionType = static_cast<ProjectionType::type>(value);
-        return text(p);
+        return textOf(p);
     };
     const std::string before = "ProjectionState(mProjectionMatrix=Matrix(mData=[]), mProjectionType=";
     const std::string after =
@@ -90,17 +85,17 @@ TEST(RecordText, AnEnumerationByNameOrElseByNumber) {
 TEST(RecordText, ResultsInDeclaredOrder) {
     StringResult s;
     s.mValue = "CameraAPI";
-    EXPECT_EQ(text(s), "StringResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=CameraAPI)");
+    EXPECT_EQ(textOf(s), "StringResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=CameraAPI)");
     camera::VectorResult v;
     v.mValue = vector({0.5});
-    EXPECT_EQ(text(v), "VectorResult(mValue=Vector(mData=[0.5]), mResult=ServiceResult(mError=0, mMessage=<null>))");
+    EXPECT_EQ(textOf(v), "VectorResult(mValue=Vector(mData=[0.5]), mResult=ServiceResult(mError=0, mMessage=<null>))");
     camera::DoubleResult d;
     d.mValue = 1.5;
-    EXPECT_EQ(text(d), "DoubleResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=1.5)");
+    EXPECT_EQ(textOf(d), "DoubleResult(mResult=ServiceResult(mError=0, mMessage=<null>), mValue=1.5)");
 }
 
 std::string number(double value) {
-    const std::string s = text(vector({value}));
+    const std::string s = textOf(vector({value}));
     return s.substr(14, s.size() - 16);
 }
 
@@ -190,7 +185,7 @@ TEST(RecordText, PrintToAndTheOperatorAreOne) {
     std::ostringstream out;
     const Vector v = vector({1, 2});
     v.printTo(out);
-    EXPECT_EQ(out.str(), text(v));
+    EXPECT_EQ(out.str(), textOf(v));
     EXPECT_EQ(&(out << v), &out);
 }
 
@@ -199,7 +194,7 @@ TEST(RecordText, PrintsThroughTheVirtualFunction) {
     class Point : public Vector {
         void printTo(std::ostream& out) const override { out << "a point"; }
     };
-    EXPECT_EQ(text<Vector>(Point()), "a point");
+    EXPECT_EQ(textOf<Vector>(Point()), "a point");
 }
 
 } // namespace

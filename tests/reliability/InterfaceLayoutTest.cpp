@@ -17,11 +17,10 @@
 #include <vector>
 
 #include <qel/api/base/BaseAPIIf.h>
-#include <qel/api/base/BaseFields.h>
-#include <qel/api/camera/Fields.h>
 #include <qel/api/camera/Operations.h>
 
 #include "tests/component/support/ElfFile.h"
+#include "tests/records/AllRecords.h"
 
 namespace qel::api::camera::test {
 
@@ -131,24 +130,7 @@ std::string interfaceAsBuilt() {
         out, "ProjectionType",
         {{"PERSPECTIVE", ProjectionType::PERSPECTIVE}, {"ORTHOGRAPHIC", ProjectionType::ORTHOGRAPHIC}});
 
-    describe<base::ServiceResult>(out);
-    describe<base::StringResult>(out);
-    describe<Vector>(out);
-    describe<Quaternion>(out);
-    describe<Matrix>(out);
-    describe<Frustum>(out);
-    describe<Viewport>(out);
-    describe<ViewState>(out);
-    describe<ProjectionState>(out);
-    describe<SurfaceState>(out);
-    describe<PlanarCameraState>(out);
-    describe<VectorResult>(out);
-    describe<MatrixResult>(out);
-    describe<ViewStateResult>(out);
-    describe<ProjectionStateResult>(out);
-    describe<SurfaceStateResult>(out);
-    describe<PlanarCameraStateResult>(out);
-    describe<DoubleResult>(out);
+    AllRecords::forEach([&]<class Record>() { describe<Record>(out); });
 
     std::vector<std::string> names;
     const ElfFile module(CAMERA_MODULE_FILE);

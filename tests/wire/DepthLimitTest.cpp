@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 #include <thrift/protocol/TProtocol.h>
-#include <thrift/protocol/TProtocolException.h>
 
 #include <qel/api/camera/CameraAPIIf.h>
 
@@ -24,23 +23,13 @@ template <class Protocol>
 class DepthLimit : public ::testing::Test {};
 TYPED_TEST_SUITE(DepthLimit, WireProtocols);
 
-template <class Call>
-int protocolExceptionOf(Call call) {
-    try {
-        call();
-    } catch (const TProtocolException& exception) {
-        return exception.getType();
-    }
-    return -1;
-}
-
 /// The counter shows in how deep the protocol still goes.
 template <class Protocol>
 void expectDepthLeft(Protocol& protocol, std::uint32_t depth) {
     for (std::uint32_t i = 0; i < depth; ++i) {
         EXPECT_NO_THROW(protocol.incrementInputRecursionDepth()) << depth;
     }
-    EXPECT_EQ(protocolExceptionOf([&] { protocol.incrementInputRecursionDepth(); }), TProtocolException::DEPTH_LIMIT);
+    EXPECT_EQ(protocolErrorOf([&] { protocol.incrementInputRecursionDepth(); }), TProtocolException::DEPTH_LIMIT);
 }
 
 // The deepest way through a PlanarCameraStateResult is itself, its state, the view in it, and a matrix: 4 levels.
@@ -53,7 +42,7 @@ TYPED_TEST(DepthLimit, WritingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
         TypeParam protocol(buffer);
         protocol.setRecurisionLimit(limit);
         for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(protocolExceptionOf([&] { record.write(&protocol); }), TProtocolException::DEPTH_LIMIT);
+            EXPECT_EQ(protocolErrorOf([&] { record.write(&protocol); }), TProtocolException::DEPTH_LIMIT);
         }
         buffer->resetBuffer();
         protocol.setRecurisionLimit(levels);
@@ -67,7 +56,7 @@ TYPED_TEST(DepthLimit, ReadingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
         PlanarCameraStateResult read;
         TypeParam protocol(bufferOf(bytes));
         protocol.setRecurisionLimit(limit);
-        EXPECT_EQ(protocolExceptionOf([&] { read.read(&protocol); }), TProtocolException::DEPTH_LIMIT);
+        EXPECT_EQ(protocolErrorOf([&] { read.read(&protocol); }), TProtocolException::DEPTH_LIMIT);
         expectDepthLeft(protocol, limit);
     }
 }
@@ -95,7 +84,7 @@ TYPED_TEST(DepthLimit, SkippingStopsAtTheDepthLimitAndLeavesTheCounterAsItWas) {
         Viewport v;
         TypeParam protocol(bufferOf(bytes));
         protocol.setRecurisionLimit(limit);
-        const int thrown = protocolExceptionOf([&] { v.read(&protocol); });
+        const int thrown = protocolErrorOf([&] { v.read(&protocol); });
         EXPECT_EQ(thrown, limit < needed ? static_cast<int>(TProtocolException::DEPTH_LIMIT) : -1) << limit;
         expectDepthLeft(protocol, limit);
     }

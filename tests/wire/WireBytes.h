@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 
 #include <thrift/protocol/TProtocol.h>
+#include <thrift/protocol/TProtocolException.h>
 #include <thrift/transport/TBufferTransports.h>
 
 namespace qel::api {
@@ -41,7 +43,32 @@ inline std::string toHex(std::string_view bytes) {
     return text;
 }
 
+/// What the record prints.
+template <class Record>
+std::string textOf(const Record& record) {
+    std::ostringstream out;
+    out << record;
+    return out.str();
+}
+
 using ::apache::thrift::transport::TMemoryBuffer;
+
+/// A host's own protocol, derived from one of Thrift's, which the records do not know: they make its calls.
+template <class Known>
+struct Unknown : Known {
+    using Known::Known;
+};
+
+/// The type of the protocol exception that a call throws; -1 for none.
+template <class Call>
+int protocolErrorOf(Call call) {
+    try {
+        call();
+    } catch (const ::apache::thrift::protocol::TProtocolException& exception) {
+        return exception.getType();
+    }
+    return -1;
+}
 
 inline std::shared_ptr<TMemoryBuffer> bufferOf(
     const std::string& bytes, std::shared_ptr<::apache::thrift::TConfiguration> configuration = nullptr) {

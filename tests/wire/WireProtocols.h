@@ -10,6 +10,7 @@
 #include <thrift/protocol/TJSONProtocol.h>
 
 #include "tests/records/RandomRecords.h"
+#include "tests/wire/WireBytes.h"
 
 namespace qel::api {
 
@@ -17,17 +18,9 @@ using ::apache::thrift::protocol::TBinaryProtocol;
 using ::apache::thrift::protocol::TCompactProtocol;
 using ::apache::thrift::protocol::TJSONProtocol;
 
-/// A host's own protocol, which the records do not know: they use its calls.
-struct OwnBinary : TBinaryProtocol {
-    using TBinaryProtocol::TBinaryProtocol;
-};
-struct OwnCompact : TCompactProtocol {
-    using TCompactProtocol::TCompactProtocol;
-};
-
 /// Every way in which a record can be read and written.
 using WireProtocols = ::testing::Types<TBinaryProtocol, ::apache::thrift::protocol::TLEBinaryProtocol, TCompactProtocol,
-                                       TJSONProtocol, OwnBinary, OwnCompact>;
+                                       TJSONProtocol, Unknown<TBinaryProtocol>, Unknown<TCompactProtocol>>;
 
 /// Records that a protocol brings back as they were.
 template <class Protocol>

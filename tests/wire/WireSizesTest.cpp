@@ -15,6 +15,7 @@
 #include <qel/api/camera/Fields.h>
 
 #include "tests/records/AllRecords.h"
+#include "tests/records/SameBits.h"
 #include "tests/wire/WireBytes.h"
 
 namespace qel::api {
@@ -33,8 +34,7 @@ void fillWhole(camera::Vector& v) { v.mData.assign(3, number); }
 void fillWhole(camera::Quaternion& q) { q.mData.assign(4, number); }
 void fillWhole(camera::Matrix& m) { m.mData.assign(4, std::vector<double>(4, number)); }
 
-template <class Record>
-requires requires { FieldTable<Record>::fields; }
+template <IsRecord Record>
 void fillWhole(Record& record) {
     forEachField<Record>([&](const auto& field) { fillWhole(record.*field.member); });
     if constexpr (std::is_same_v<Record, camera::ViewState>) {

@@ -8,17 +8,11 @@
 #include <type_traits>
 #include <vector>
 
-#include <qel/api/base/BaseFields.h>
-#include <qel/api/camera/Fields.h>
+#include "tests/records/SameBits.h"
 
 namespace qel::api::camera::test {
 
 // What the tests do with any record, folding over its field table.
-
-template <class Type>
-concept IsRecord = requires {
-    FieldTable<Type>::fields;
-};
 
 /// Calls visit(field, value) for the record's own fields.
 template <class Record, class Visitor>

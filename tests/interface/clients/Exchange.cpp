@@ -4,6 +4,8 @@
 //   exchange check PROTOCOL FILE   reads what the client made of them; exit code 1 where it is not what was agreed
 //
 // client.py and client.js know the same records and the same changes. PROTOCOL is binary, compact or json.
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <iostream>
@@ -11,16 +13,15 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include <thrift/protocol/TBinaryProtocol.h>
-#include <thrift/protocol/TCompactProtocol.h>
-#include <thrift/protocol/TJSONProtocol.h>
-#include <thrift/transport/TBufferTransports.h>
+#include <tuple>
 
 #include <qel/api/camera/CameraAPIIf.h>
 
+#include "fuzz/RecordKinds.h"
+
 namespace {
 
+using namespace camera::fuzz;
 using namespace qel::api;
 using ::apache::thrift::protocol::TProtocol;
 using ::apache::thrift::transport::TMemoryBuffer;
@@ -34,16 +35,7 @@ struct Records {
     base::ServiceResult result;
     camera::ViewStateResult view;
 
-    template <class Visitor>
-    void visit(Visitor visitor) {
-        visitor(camera);
-        visitor(vector);
-        visitor(matrix);
-        visitor(number);
-        visitor(text);
-        visitor(result);
-        visitor(view);
-    }
+    [[nodiscard]] auto all() const { return std::tie(camera, vector, matrix, number, text, result, view); }
 };
 
 Records original() {
@@ -114,51 +106,39 @@ Records changed() {
     return r;
 }
 
-std::unique_ptr<TProtocol> protocolOver(const std::string& name, std::shared_ptr<TMemoryBuffer> buffer) {
-    using namespace ::apache::thrift::protocol;
-    if (name == "binary") {
-        return std::make_unique<TBinaryProtocol>(buffer);
+std::shared_ptr<TProtocol> protocolOver(const std::string& name, const std::shared_ptr<TMemoryBuffer>& buffer) {
+    const auto found = std::find(protocolNames.begin(), protocolNames.end(), name);
+    if (found == protocolNames.end()) {
+        throw std::invalid_argument("no protocol is called " + name);
     }
-    if (name == "compact") {
-        return std::make_unique<TCompactProtocol>(buffer);
-    }
-    if (name == "json") {
-        return std::make_unique<TJSONProtocol>(buffer);
-    }
-    throw std::invalid_argument("no protocol is called " + name);
+    return makeProtocol(static_cast<std::size_t>(found - protocolNames.begin()), buffer);
 }
 
 void write(const std::string& protocolName, const std::string& file) {
     auto buffer = std::make_shared<TMemoryBuffer>();
     const auto protocol = protocolOver(protocolName, buffer);
-    original().visit([&](const auto& record) { record.write(protocol.get()); });
+    const Records records = original();
+    std::apply([&](const auto&... record) { (record.write(protocol.get()), ...); }, records.all());
     std::ofstream(file, std::ios::binary) << buffer->getBufferAsString();
 }
 
 bool check(const std::string& protocolName, const std::string& file) {
     std::ifstream in(file, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(in), {});
-    auto buffer = std::make_shared<TMemoryBuffer>();
-    buffer->write(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::uint32_t>(bytes.size()));
+    const auto buffer = bufferOf(bytes);
     const auto protocol = protocolOver(protocolName, buffer);
 
     bool good = true;
-    Records expected = changed();
-    Records read;
-    read.visit([&](auto& record) { record.read(protocol.get()); });
-    const auto compare = [&](const auto& wanted, const auto& came) {
+    const auto compare = [&]<class Record>(const Record& wanted) {
+        Record came;
+        came.read(protocol.get());
         if (!(wanted == came)) {
             good = false;
             std::cerr << "wanted " << wanted << "\ncame   " << came << '\n';
         }
     };
-    compare(expected.camera, read.camera);
-    compare(expected.vector, read.vector);
-    compare(expected.matrix, read.matrix);
-    compare(expected.number, read.number);
-    compare(expected.text, read.text);
-    compare(expected.result, read.result);
-    compare(expected.view, read.view);
+    const Records records = changed();
+    std::apply([&](const auto&... wanted) { (compare(wanted), ...); }, records.all());
     if (buffer->available_read() != 0) {
         good = false;
         std::cerr << buffer->available_read() << " bytes too many\n";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <memory>
-#include <sstream>
 #include <string>
+#include <tuple>
 #include <type_traits>
 
 #include <gtest/gtest.h>
@@ -15,7 +15,10 @@
 
 #include "CameraAPI.h"
 #include "camera_fields.h"
+#include "generated_records.h"
+#include "tests/records/AllRecords.h"
 #include "tests/records/RandomRecords.h"
+#include "tests/records/SameBits.h"
 #include "tests/wire/EventProtocol.h"
 #include "tests/wire/WireBytes.h"
 
@@ -25,81 +28,17 @@ namespace qel::api {
 namespace {
 
 using namespace ::apache::thrift::protocol;
-
-template <class Ours, class Theirs>
-struct Pair {
-    template <class Visitor>
-    static void visit(Visitor& visitor) {
-        visitor.template operator()<Ours, Theirs>();
-    }
-};
-
-template <class... Pairs>
-struct PairList {
-    template <class Visitor>
-    static void forEach(Visitor visitor) {
-        (Pairs::visit(visitor), ...);
-    }
-};
-
 namespace theirs = ::qel::generated;
-using AllPairs = PairList<
-    Pair<base::ServiceResult, theirs::base::ServiceResult>, Pair<base::StringResult, theirs::base::StringResult>,
-    Pair<camera::Vector, theirs::camera::Vector>, Pair<camera::Quaternion, theirs::camera::Quaternion>,
-    Pair<camera::Matrix, theirs::camera::Matrix>, Pair<camera::Frustum, theirs::camera::Frustum>,
-    Pair<camera::Viewport, theirs::camera::Viewport>, Pair<camera::ViewState, theirs::camera::ViewState>,
-    Pair<camera::ProjectionState, theirs::camera::ProjectionState>,
-    Pair<camera::SurfaceState, theirs::camera::SurfaceState>,
-    Pair<camera::PlanarCameraState, theirs::camera::PlanarCameraState>,
-    Pair<camera::VectorResult, theirs::camera::VectorResult>, Pair<camera::MatrixResult, theirs::camera::MatrixResult>,
-    Pair<camera::ViewStateResult, theirs::camera::ViewStateResult>,
-    Pair<camera::ProjectionStateResult, theirs::camera::ProjectionStateResult>,
-    Pair<camera::SurfaceStateResult, theirs::camera::SurfaceStateResult>,
-    Pair<camera::PlanarCameraStateResult, theirs::camera::PlanarCameraStateResult>,
-    Pair<camera::DoubleResult, theirs::camera::DoubleResult>>;
 
-bool alike(double a, double b) { return identical(a, b); }
-bool alike(std::int32_t a, std::int32_t b) { return a == b; }
-bool alike(const std::string& a, const std::string& b) { return a == b; }
-
-template <class Ours, class Theirs>
-requires std::is_enum_v<Ours>
-bool alike(Ours a, Theirs b) { return static_cast<int>(a) == static_cast<int>(b); }
-
-template <class Ours, class Theirs>
-requires std::is_class_v<Ours>
-bool alike(const Ours& ours, const Theirs& theirs);
-
-template <class Ours, class Theirs>
-bool alike(const std::vector<Ours>& a, const std::vector<Theirs>& b) {
-    bool same = a.size() == b.size();
-    for (std::size_t i = 0; same && i < a.size(); ++i) {
-        same = alike(a[i], b[i]);
-    }
-    return same;
-}
-
-/// The same to the bit in every field and flag.
-template <class Ours, class Theirs>
-requires std::is_class_v<Ours>
-bool alike(const Ours& ours, const Theirs& theirs) {
-    return std::apply(
-        [&](const auto&... our) {
-            return std::apply(
-                [&](const auto&... their) {
-                    return ((alike(ours.*our.member, theirs.*their.member) && our.isSet(ours) == their.isSet(theirs)) &&
-                            ...);
-                },
-                FieldTable<Theirs>::fields);
-        },
-        FieldTable<Ours>::fields);
-}
-
-template <class Record>
-std::string text(const Record& record) {
-    std::ostringstream out;
-    out << record;
-    return out.str();
+/// Calls visit.template operator()<Ours, Theirs>() for each.
+template <class Visitor>
+void forEachPair(const Visitor& visit) {
+    const auto visitAll = [&]<class... Ours, class... Theirs>(const std::tuple<Ours...>*,
+                                                              const std::tuple<Theirs...>*) {
+        (visit.template operator()<Ours, Theirs>(), ...);
+    };
+    visitAll(static_cast<AllRecords::As<std::tuple>*>(nullptr),
+             static_cast<theirs::AllRecords::As<std::tuple>*>(nullptr));
 }
 
 template <class Protocol>
@@ -120,20 +59,20 @@ TYPED_TEST_SUITE(Generated, Protocols);
 constexpr int rounds = 200;
 
 TYPED_TEST(Generated, WritesTheSameBytes) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
+    forEachPair([]<class Ours, class Theirs>() {
         auto first = TestFixture::random(301);
         auto second = TestFixture::random(301);
         for (int i = 0; i < rounds; ++i) {
             const auto ours = first.template make<Ours>();
             const auto theirs = second.template make<Theirs>();
-            ASSERT_TRUE(alike(ours, theirs));
+            ASSERT_TRUE(sameBits(ours, theirs));
             ASSERT_EQ(toHex(written<TypeParam>(ours)), toHex(written<TypeParam>(theirs)));
         }
     });
 }
 
 TYPED_TEST(Generated, EachReadsWhatTheOtherWrote) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
+    forEachPair([]<class Ours, class Theirs>() {
         auto first = TestFixture::random(307);
         auto second = TestFixture::random(307);
         auto third = TestFixture::random(311);
@@ -145,26 +84,26 @@ TYPED_TEST(Generated, EachReadsWhatTheOtherWrote) {
             auto ours = i % 2 == 0 ? Ours() : third.template make<Ours>();
             auto theirs = i % 2 == 0 ? Theirs() : fourth.template make<Theirs>();
             ASSERT_EQ(readFrom<TypeParam>(theirBytes, ours), readFrom<TypeParam>(ourBytes, theirs));
-            ASSERT_TRUE(alike(ours, theirs));
+            ASSERT_TRUE(sameBits(ours, theirs));
         }
     });
 }
 
 TEST(GeneratedRecords, PrintTheSameText) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
+    forEachPair([]<class Ours, class Theirs>() {
         RandomRecords first(313);
         RandomRecords second(313);
         first.allowNaN();
         second.allowNaN();
         for (int i = 0; i < rounds; ++i) {
-            ASSERT_EQ(text(first.make<Ours>()), text(second.make<Theirs>()));
+            ASSERT_EQ(textOf(first.make<Ours>()), textOf(second.make<Theirs>()));
         }
     });
 }
 
 /// The names of structs and fields, which Binary and Compact do not carry, and which call writes what.
 TEST(GeneratedRecords, MakeTheSameCalls) {
-    AllPairs::forEach([]<class Ours, class Theirs>() {
+    forEachPair([]<class Ours, class Theirs>() {
         RandomRecords first(331);
         RandomRecords second(331);
         for (int i = 0; i < 20; ++i) {
