@@ -10,13 +10,13 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <qel/api/base/BaseAPIIf.h>
 
 #include "fuzz/Reached.h"
 #include "fuzz/Written.h"
 #include "fuzz/differential/DifferentialSteps.h"
+#include "tests/component/support/Samples.h"
 
 namespace camera::fuzz::differential {
 
@@ -117,32 +117,22 @@ void judge(const Step& step) {
     }
 }
 
+using api::test::frustumOf, api::test::quaternionOf, api::test::vectorOf;
 using Cameras = std::array<api::PlanarCameraStateResult, 5>;
-
-api::Vector vectorOf(const std::vector<double>& values) {
-    api::Vector vector;
-    vector.mData = values;
-    return vector;
-}
 
 /// What an input may start from: as the service makes it, cameras of both types that lie askew in every part, and one
 /// whose view was never placed, which its matrices' kinds tell.
 Cameras starts(api::CameraAPIIf& service) {
     Cameras cameras;
-    const auto askew = [&](std::size_t which, const std::vector<double>& eye, const std::vector<double>& orientation,
-                           const std::array<double, 6>& sides, api::ProjectionType::type type,
+    const auto askew = [&](std::size_t which, const api::Vector& eye, const api::Quaternion& orientation,
+                           const api::Frustum& frustum, api::ProjectionType::type type,
                            const std::array<double, 4>& viewport, std::int32_t width) {
         api::ViewStateResult view;
         api::ProjectionStateResult projection;
         api::SurfaceStateResult surface;
-        api::Quaternion q;
-        q.mData = orientation;
-        service.viewSetEye(view, cameras[0].mValue.mViewState, vectorOf(eye));
-        service.viewSetOrientation(view, view.mValue, q);
-        api::Frustum f;
-        f.mLeft = sides[0], f.mRight = sides[1], f.mBottom = sides[2], f.mTop = sides[3];
-        f.mNearDist = sides[4], f.mFarDist = sides[5];
-        service.projectionCreate(projection, f, type);
+        service.viewSetEye(view, cameras[0].mValue.mViewState, eye);
+        service.viewSetOrientation(view, view.mValue, orientation);
+        service.projectionCreate(projection, frustum, type);
         const auto& [x, w, low, high] = viewport;
         service.surfaceCreate(surface, x, 0.5 * x, w, 0.75, low, high, width, 600);
         service.planarCameraCreate(cameras[which], view.mValue, projection.mValue, surface.mValue);
@@ -151,11 +141,14 @@ Cameras starts(api::CameraAPIIf& service) {
     service.planarCameraCreateDefault(cameras[0]);
     // The first orientation has a positive trace, the others a negative one, of which the largest components are x and
     // y.
-    askew(1, {3, -2, 5}, {0.2, -0.3, 0.1, 0.9}, {-0.5, 0.5, -0.375, 0.375, 0.5, 50}, perspective, {0, 1, 0, 1}, 800);
-    askew(2, {-4, 1, 2}, {0.7, 0.5, -0.4, 0.2}, {-3, 5, -2, 4, 1, 40}, orthographic, {0.25, 0.5, 0.125, 0.875}, 1024);
-    askew(3, {1, 7, -3}, {-0.1, 0.9, 0.3, -0.2}, {-1, 3, -2, 1, 1.5, 30}, perspective, {0.125, 0.625, 0, 1}, 300);
+    askew(1, vectorOf(3, -2, 5), quaternionOf(0.2, -0.3, 0.1, 0.9), frustumOf(-0.5, 0.5, -0.375, 0.375, 0.5, 50),
+          perspective, {0, 1, 0, 1}, 800);
+    askew(2, vectorOf(-4, 1, 2), quaternionOf(0.7, 0.5, -0.4, 0.2), frustumOf(-3, 5, -2, 4, 1, 40), orthographic,
+          {0.25, 0.5, 0.125, 0.875}, 1024);
+    askew(3, vectorOf(1, 7, -3), quaternionOf(-0.1, 0.9, 0.3, -0.2), frustumOf(-1, 3, -2, 1, 1.5, 30), perspective,
+          {0.125, 0.625, 0, 1}, 300);
     api::ViewStateResult unplaced;
-    service.viewCreate(unplaced, vectorOf({1, 2, 3}), vectorOf({1, 2, 3}), vectorOf({0, 1, 0}));
+    service.viewCreate(unplaced, vectorOf(1, 2, 3), vectorOf(1, 2, 3), vectorOf(0, 1, 0));
     service.planarCameraSetView(cameras[4], cameras[0].mValue, unplaced.mValue);
     for (const api::PlanarCameraStateResult& camera : cameras) {
         requireWritten(camera.mValue);

@@ -3,16 +3,15 @@
 // operations with which arguments and on which of the states that the earlier ones left, and how their blobs are
 // forged.
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <exception>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <type_traits>
-#include <utility>
+#include <variant>
 
 #include <qel/api/camera/Operations.h>
 #include <qel/host/ComponentLoader.h>
@@ -20,10 +19,11 @@
 #include "fuzz/Bytes.h"
 #include "fuzz/DrawnArguments.h"
 #include "fuzz/DrawnStates.h"
-#include "fuzz/Expectations.h"
 #include "fuzz/Reached.h"
 #include "fuzz/Require.h"
+#include "fuzz/StateObjects.h"
 #include "fuzz/Written.h"
+#include "tests/component/support/AnyOperation.h"
 #include "tests/records/SameBits.h"
 
 namespace camera::fuzz {
@@ -36,117 +36,128 @@ constexpr std::size_t mostSteps = 12;
 /// Each operation with success, at twice its number, and with failure, where an argument can be too short.
 Reached reached = [] {
     Reached all;
-    api::forEachOperation([&]<class Result, class... Arguments>(std::size_t,
-                                                                const api::Operation<Result, Arguments...>& operation) {
+    for (const AnyOperation& operation : allOperations()) {
         all.expect(std::string(operation.name) + " succeeded");
-        all.expect((CanBeShort<std::remove_cvref_t<Arguments>> || ...) ? std::string(operation.name) + " failed" : "");
-    });
+        all.expect(operation.canFail() ? std::string(operation.name) + " failed" : "");
+    }
     return all;
 }();
 std::uint64_t inputs = 0;
 
-/// Holds an argument: a state of the pool by reference, anything else by value.
-template <class Argument, class Type = std::remove_cvref_t<Argument>>
-struct Held {
-    std::conditional_t<IsState<Type>, const Type*, Type> value{};
-
-    void choose(const States& states, std::size_t index, Bytes& bytes) {
-        if constexpr (IsState<Type>) {
-            value = &states.state<Type>(index);
-        } else {
-            make(value, bytes);
-        }
+/// Whether an argument holds less than any operation but the transposition needs.
+template <class Type>
+bool isShort(const Type& argument) {
+    if constexpr (IsState<Type>) {
+        return argument.mPrivate.size() < blobSize<Type>;
+    } else if constexpr (std::is_same_v<Type, api::Matrix>) {
+        const auto& rows = argument.mData;
+        return rows.size() < 4 ||
+               std::any_of(rows.begin(), rows.begin() + 4, [](const auto& row) { return row.size() < 4; });
+    } else if constexpr (requires { argument.mData; }) {
+        return argument.mData.size() < (std::is_same_v<Type, api::Vector> ? 3 : 4);
+    } else {
+        return false;
     }
-    [[nodiscard]] Argument get() const {
-        if constexpr (IsState<Type>) {
-            return *value;
-        } else {
-            return value;
+}
+
+/// The transpose takes a matrix of any shape that has a first row and none shorter than it.
+bool cannotBeTransposed(const api::Matrix& matrix) {
+    const auto& rows = matrix.mData;
+    return rows.empty() ||
+           std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row.size() < rows.front().size(); });
+}
+
+/// Of a complete camera; only a forged one has no height.
+bool hasNoHeight(const api::PlanarCameraState& state) {
+    return !isShort(state) && objectIn(state).surface().resolutionY() == 0;
+}
+
+/// The arguments of a call: a state of the pool where it stands, anything else drawn.
+struct DrawnCall {
+    Arguments values;
+    Pointers pointers{};
+    bool fails = false; ///< whatever the operation, but the transposition
+
+    DrawnCall(const AnyOperation& operation, const States& states, unsigned choice, Bytes& bytes)
+        : values(operation.blank) {
+        const auto take = [&](std::size_t i, const auto& value) {
+            pointers[i] = &value;
+            fails = fails || isShort(value);
+        };
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const auto draw = [&]<class Type>(Type& value) {
+                if constexpr (IsState<Type>) {
+                    const AnyResult& holder = states.holding(values[i], choice >> i & 1U);
+                    std::visit([&](const auto& result) { take(i, result.mValue); }, holder);
+                } else {
+                    make(value, bytes);
+                    take(i, value);
+                }
+            };
+            std::visit(draw, values[i]);
+        }
+        if (operation.isTransposition()) {
+            fails = cannotBeTransposed(std::get<api::Matrix>(values[0]));
+        } else if (operation.number == api::slotOf("planarCameraArcballRotation")) {
+            fails = fails || hasNoHeight(*static_cast<const api::PlanarCameraState*>(pointers[0]));
         }
     }
 };
 
-constexpr std::size_t transpose = api::slotOf("utilsConvertMatrixFromRowMajorToColumnMajor");
-
-template <std::size_t number, class... Arguments>
-bool mustFail(const std::tuple<Held<Arguments>...>& arguments) {
-    if constexpr (number == transpose) {
-        return cannotBeTransposed(std::get<0>(arguments).get());
-    } else {
-        bool fails = std::apply([](const auto&... held) { return (isShort(held.get()) || ...); }, arguments);
-        if constexpr (number == api::slotOf("planarCameraArcballRotation")) {
-            fails = fails || hasNoHeight(std::get<0>(arguments).get());
-        }
-        return fails;
-    }
+bool sameValue(const AnyResult& a, const AnyResult& b) {
+    return std::visit(
+        [&](const auto& held) {
+            return sameBits(held.mValue, std::get<std::remove_cvref_t<decltype(held)>>(b).mValue);
+        },
+        a);
 }
 
-template <std::size_t number, class Result, class... Arguments>
-void call(api::CameraAPIIf& service, const api::Operation<Result, Arguments...>& operation, States& states,
-          Bytes& bytes) {
+void run(api::CameraAPIIf& service, const AnyOperation& operation, States& states, Bytes& bytes) {
     const std::uint8_t choice = bytes.byte();
-    std::tuple<Held<Arguments>...> arguments;
-    std::size_t bit = 2;
-    std::apply([&](auto&... held) { (held.choose(states, (choice >> bit++) & 1U, bytes), ...); }, arguments);
-
-    const auto invoke = [&](Result& result) {
-        std::apply([&](const auto&... held) { (service.*operation.member)(result, held.get()...); }, arguments);
-    };
-    const bool fails = mustFail<number, Arguments...>(arguments);
+    const DrawnCall drawn(operation, states, choice >> 2U, bytes);
 
     // Before the call that writes into the pool, since its arguments may lie in what it writes.
-    Result fresh;
+    AnyResult fresh = operation.fresh;
     const bool twice = (choice & 2U) != 0;
     if (twice) {
-        invoke(fresh);
+        call(service, operation, fresh, drawn.pointers);
     }
 
-    Result& result = states.change<Result>(choice & 1U);
+    AnyResult& result = states.change(fresh.index(), choice & 1U);
+    qel::api::base::ServiceResult& after = outcomeOf(result);
     if ((choice & 0x80U) != 0) {
-        result.mResult.mError = 3;
-        result.mResult.mMessage = "older";
+        after.mError = 3;
+        after.mMessage = "older";
     }
-    const qel::api::base::ServiceResult before = result.mResult;
-    std::optional<decltype(result.mValue)> kept;
-    if (fails) {
-        kept = result.mValue;
+    const qel::api::base::ServiceResult before = after;
+    std::optional<AnyResult> kept;
+    if (drawn.fails) {
+        kept = result;
     }
-    invoke(result);
-    const qel::api::base::ServiceResult& after = result.mResult;
-    if (fails) {
-        require(after.mError == failureCode(operation.name), "a failed call sets its code");
-        require(after.__isset.mMessage && after.mMessage == failureText(operation.name),
+    call(service, operation, result, drawn.pointers);
+    if (drawn.fails) {
+        require(after.mError == operation.failureCode(), "a failed call sets its code");
+        require(after.__isset.mMessage && after.mMessage == operation.failureMessage(),
                 "a failed call sets its message");
-        require(sameBits(result.mValue, *kept), "a failed call leaves the value alone");
-    } else if (resetsOutcome<Result>) {
+        require(sameValue(result, *kept), "a failed call leaves the value alone");
+    } else if (operation.resetsOutcome()) {
         require(after.mError == 0 && after.mMessage.empty() && after.__isset.mMessage == before.__isset.mMessage,
                 "a getter resets the outcome");
     } else {
         require(sameBits(after, before), "a successful call leaves the outcome alone");
     }
-    if (!fails && number != transpose) { // whose answer has as many rows and columns as its argument says
-        requireWritten(result.mValue);
+    if (!drawn.fails &&
+        !operation.isTransposition()) { // whose answer has as many rows and columns as its argument says
+        std::visit([](const auto& held) { requireWritten(held.mValue); }, result);
     }
     if (twice) {
-        require((fresh.mResult.mError != 0) == fails, "a fresh result fails with a used one");
-        if (fails) {
-            require(sameBits(fresh.mValue, decltype(fresh.mValue)()), "a failed call writes no value");
-        } else {
-            require(sameBits(fresh.mValue, result.mValue), "a fresh result gets the bits that a used one gets");
-        }
+        require((outcomeOf(fresh).mError != 0) == drawn.fails, "a fresh result fails with a used one");
+        require(sameValue(fresh, drawn.fails ? operation.fresh : result),
+                "a fresh result gets the bits that a used one gets, and none of a failed call");
     }
-    result.mResult = {};
-    reached.count(2 * number + (fails ? 1 : 0));
+    after = {};
+    reached.count(2 * operation.number + (drawn.fails ? 1 : 0));
 }
-
-using Call = void (*)(api::CameraAPIIf&, States&, Bytes&);
-
-constexpr auto calls = []<std::size_t... number>(std::index_sequence<number...>) {
-    return std::array<Call, sizeof...(number)>{[](api::CameraAPIIf& service, States& states, Bytes& bytes) {
-        call<number>(service, std::get<number>(api::operations), states, bytes);
-    }...};
-}
-(std::make_index_sequence<operationCount>());
 
 /// Changes one of the blobs: a number, single bytes, its length, or all of it for another state's.
 void forge(States& states, Bytes& bytes) {
@@ -209,7 +220,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t step = 0; step < mostSteps && !bytes.empty(); ++step) {
         const std::uint8_t what = bytes.byte();
         if (what < 2 * operationCount) {
-            calls[what % operationCount](service, states, bytes);
+            run(service, allOperations()[what % operationCount], states, bytes);
         } else {
             forge(states, bytes);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/reliability/Allocations.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstddef>
@@ -105,38 +106,52 @@ CAMERA_VISIBLE void free(void* block) noexcept {
 }
 #endif
 
+#if CAMERA_REPLACE_MALLOC
+// The library's own would throw and catch, for which it needs memory. All others end in malloc, and fail and count
+// there.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
+#else
 namespace {
+
+constinit std::atomic<std::size_t> bytes{0};
+constinit std::atomic<std::size_t> peak{0};
+
+// In front of each block stands its size; 16 bytes keep the block aligned for every type.
+constexpr std::size_t header = 16;
 
 void* allocate(std::size_t size) noexcept {
-#if CAMERA_REPLACE_MALLOC
-    return std::malloc(size); // fails and counts by itself
-#else
-    return qel::test::mustFail() ? nullptr : qel::test::counted(std::malloc(size == 0 ? 1 : size));
-#endif
+    auto* const block = static_cast<char*>(qel::test::mustFail() ? nullptr : std::malloc(size + header));
+    if (qel::test::counted(block) == nullptr) {
+        return nullptr;
+    }
+    *reinterpret_cast<std::size_t*>(block) = size;
+    peak = std::max(peak.load(), bytes += size);
+    return block + header;
 }
-
-} // namespace
-
-// The library's own would throw and catch, for which it needs memory.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-
-#if !CAMERA_REPLACE_MALLOC
-namespace {
-
 void* allocateOrThrow(std::size_t size) {
     if (void* const block = allocate(size)) {
         return block;
     }
     throw std::bad_alloc();
 }
-void release(void* block) noexcept {
-    qel::test::uncount(block);
-    std::free(block);
+void release(void* pointer) noexcept {
+    if (pointer != nullptr) {
+        char* const block = static_cast<char*>(pointer) - header;
+        bytes -= *reinterpret_cast<std::size_t*>(block);
+        qel::test::uncount(block);
+        std::free(block);
+    }
 }
 
 } // namespace
 
+std::size_t qel::test::heldBytes() { return bytes; }
+std::size_t qel::test::peakBytes() { return peak; }
+void qel::test::forgetPeak() { peak = bytes.load(); }
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void* operator new(std::size_t size) { return allocateOrThrow(size); }
 void* operator new[](std::size_t size) { return allocateOrThrow(size); }
 void operator delete(void* block) noexcept { release(block); }

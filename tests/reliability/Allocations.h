@@ -29,4 +29,19 @@ public:
 /// The blocks that this process holds, from operator new and, where it is replaced, from malloc.
 [[nodiscard]] std::ptrdiff_t heldBlocks();
 
+// Bytes, from operator new and only where malloc is not replaced.
+
+[[nodiscard]] std::size_t heldBytes();
+[[nodiscard]] std::size_t peakBytes(); ///< the most since the last call of forgetPeak()
+void forgetPeak();
+
+/// The most bytes that the call held at once, beyond what was held before it.
+template <class Call>
+std::size_t peakOf(Call call) {
+    const std::size_t before = heldBytes();
+    forgetPeak();
+    call();
+    return peakBytes() - before;
+}
+
 } // namespace qel::test

@@ -52,7 +52,7 @@ public:
         for (const Item& item : contents.items()) {
             const bool nan = item.isNumber && std::isnan(item.number());
             std::string bytes;
-            putNumber(bytes, nan ? std::uint64_t{0x7FF8000000000000} : item.bits);
+            appendNumber(bytes, nan ? std::uint64_t{0x7FF8000000000000} : item.bits);
             for (const char byte : bytes) {
                 mValue = (mValue ^ static_cast<std::uint8_t>(byte)) * 0x100000001B3U;
             }
@@ -147,13 +147,13 @@ int check(CameraAPIIf& service, const char* path) {
 
 void write(CameraAPIIf& service, const char* path) {
     std::string bytes;
-    forEachNumber([&](const Function&, double value) { put(bytes, value); });
+    forEachNumber([&](const Function&, double value) { appendValue(bytes, value); });
     forEachRecorded(service, [&](const AnyOperation& operation, const Arguments& arguments, const AnyResult& result) {
-        put(bytes, static_cast<std::int32_t>(operation.number));
+        appendValue(bytes, static_cast<std::int32_t>(operation.number));
         for (const AnyArgument& argument : arguments) {
-            put(bytes, argument);
+            bytes += fingerprint(argument);
         }
-        put(bytes, result);
+        bytes += fingerprint(result);
     });
     std::ofstream file(path, std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -14,46 +14,7 @@
 
 namespace qel::api::camera::test {
 
-// Values as bytes and back, the same on every machine: numbers little-endian by arithmetic, lists and texts after
-// their length, records field by field with their flags.
-
-template <class Number>
-void putNumber(std::string& bytes, const Number number) {
-    for (std::size_t i = 0; i < sizeof number; ++i) {
-        bytes += static_cast<char>(static_cast<std::uint64_t>(number) >> (8U * i) & 0xFFU);
-    }
-}
-
-template <class Value>
-void put(std::string& bytes, const Value& value) {
-    if constexpr (IsRecord<Value>) {
-        forEachField(value, [&](const auto& field, const auto& member) {
-            bytes += field.isSet(value) ? '\1' : '\0';
-            put(bytes, member);
-        });
-    } else if constexpr (std::is_same_v<Value, double>) {
-        putNumber(bytes, std::bit_cast<std::uint64_t>(value));
-    } else if constexpr (std::is_enum_v<Value> || std::is_integral_v<Value>) {
-        putNumber(bytes, static_cast<std::uint32_t>(value));
-    } else if constexpr (std::is_same_v<Value, std::string>) {
-        putNumber(bytes, static_cast<std::uint32_t>(value.size()));
-        bytes += value;
-    } else {
-        putNumber(bytes, static_cast<std::uint32_t>(value.size()));
-        for (const auto& element : value) {
-            put(bytes, element);
-        }
-    }
-}
-
-inline void put(std::string& bytes, const AnyArgument& argument) {
-    std::visit([&](const auto& value) { put(bytes, value); }, argument);
-}
-inline void put(std::string& bytes, const AnyResult& result) {
-    std::visit([&](const auto& held) { put(bytes, held); }, result);
-}
-
-/// Takes values from bytes in the order in which they were put there.
+/// Takes values from bytes, as fingerprint() and appendValue() have put them there.
 class Source {
 public:
     explicit Source(std::string_view bytes) : mRest(bytes) {}
@@ -78,13 +39,13 @@ public:
         return value;
     }
 
-    std::size_t length() { return static_cast<std::size_t>(number(4)); }
+    std::size_t length() { return static_cast<std::size_t>(number(8)); }
 
     template <class Value>
     void get(Value& value) {
         if constexpr (IsRecord<Value>) {
             forEachField(value, [&](const auto& field, auto& member) {
-                field.markSet(value, number(1) != 0);
+                field.markSet(value, take(1) == "+");
                 get(member);
             });
         } else if constexpr (std::is_same_v<Value, double>) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -21,10 +22,15 @@ void forEachField(Record& record, const Visitor& visit) {
                FieldTable<std::remove_const_t<Record>>::fields);
 }
 
-inline void appendBytes(std::string& bytes, const void* data, const std::size_t size) {
-    bytes.append(static_cast<const char*>(data), size);
+/// Little-endian on every machine.
+template <class Number>
+void appendNumber(std::string& bytes, const Number number) {
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+        bytes += static_cast<char>(static_cast<std::uint64_t>(number) >> (8U * i) & 0xFFU);
+    }
 }
 
+/// Records field by field with their flags, lists and texts after their length.
 template <class Value>
 void appendValue(std::string& bytes, const Value& value) {
     if constexpr (IsRecord<Value>) {
@@ -32,11 +38,12 @@ void appendValue(std::string& bytes, const Value& value) {
             bytes += field.isSet(value) ? '+' : '-';
             appendValue(bytes, member);
         });
+    } else if constexpr (std::is_same_v<Value, double>) {
+        appendNumber(bytes, std::bit_cast<std::uint64_t>(value));
     } else if constexpr (std::is_arithmetic_v<Value> || std::is_enum_v<Value>) {
-        appendBytes(bytes, &value, sizeof value);
+        appendNumber(bytes, value);
     } else { // a string or a list
-        const std::uint64_t size = value.size();
-        appendBytes(bytes, &size, sizeof size);
+        appendNumber(bytes, std::uint64_t{value.size()});
         for (const auto& element : value) {
             appendValue(bytes, element);
         }

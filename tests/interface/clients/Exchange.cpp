@@ -21,8 +21,8 @@
 
 namespace {
 
-using namespace camera::fuzz;
-using namespace qel::api;
+namespace base = qel::api::base;
+namespace camera = qel::api::camera;
 using ::apache::thrift::protocol::TProtocol;
 using ::apache::thrift::transport::TMemoryBuffer;
 
@@ -107,11 +107,12 @@ Records changed() {
 }
 
 std::shared_ptr<TProtocol> protocolOver(const std::string& name, const std::shared_ptr<TMemoryBuffer>& buffer) {
-    const auto found = std::find(protocolNames.begin(), protocolNames.end(), name);
-    if (found == protocolNames.end()) {
+    const auto found = std::find(::camera::fuzz::protocolNames.begin(), ::camera::fuzz::protocolNames.end(), name);
+    if (found == ::camera::fuzz::protocolNames.end()) {
         throw std::invalid_argument("no protocol is called " + name);
     }
-    return makeProtocol(static_cast<std::size_t>(found - protocolNames.begin()), buffer);
+    return ::camera::fuzz::makeProtocol(static_cast<std::size_t>(found - ::camera::fuzz::protocolNames.begin()),
+                                        buffer);
 }
 
 void write(const std::string& protocolName, const std::string& file) {
@@ -125,7 +126,7 @@ void write(const std::string& protocolName, const std::string& file) {
 bool check(const std::string& protocolName, const std::string& file) {
     std::ifstream in(file, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(in), {});
-    const auto buffer = bufferOf(bytes);
+    const auto buffer = qel::api::bufferOf(bytes);
     const auto protocol = protocolOver(protocolName, buffer);
 
     bool good = true;
