@@ -23,11 +23,11 @@
 #include <thrift/transport/TBufferTransports.h>
 
 #include "fuzz/Bytes.h"
-#include "fuzz/Memory.h"
 #include "fuzz/Reached.h"
 #include "fuzz/RecordContents.h"
 #include "fuzz/RecordKinds.h"
 #include "fuzz/Require.h"
+#include "tests/reliability/Allocations.h"
 
 namespace camera::fuzz {
 namespace {
@@ -60,14 +60,14 @@ Reading readInto(Record& record, std::span<const std::uint8_t> bytes, std::size_
                         static_cast<std::uint32_t>(bytes.size()), TMemoryBuffer::OBSERVE);
     const auto reader = makeProtocol(protocol, buffer, code);
     Reading reading;
-    const Memory memory;
-    try {
-        reading.count = record.read(reader.get());
-        reading.complete = true;
-    } catch (const TException&) {
-        // Malformed, and said so. What was read until then is a valid record.
-    }
-    reading.memory = memory.most();
+    reading.memory = qel::test::peakOf([&] {
+        try {
+            reading.count = record.read(reader.get());
+            reading.complete = true;
+        } catch (const TException&) {
+            // Malformed, and said so. What was read until then is a valid record.
+        }
+    });
     reading.left = buffer->available_read();
     return reading;
 }

@@ -8,8 +8,8 @@ namespace qel::test {
 /// Makes allocations of this thread fail, in this program and in the modules that it loads, while it lives: the one
 /// numbered `first` (from 1), or that one and all after it. Counts what is allocated, and what is not given back.
 ///
-/// malloc and its like are replaced, so that the memory for a thrown exception runs out with the rest and what C code
-/// allocates is counted; where a sanitizer has done so already, operator new alone.
+/// With CAMERA_REPLACE_MALLOC malloc and its like are replaced, so that the memory for a thrown exception runs out with
+/// the rest and what C code allocates is counted. Else, as where a sanitizer has replaced them, operator new alone.
 class Allocations {
 public:
     enum class Fail { none, one, allFrom };
