@@ -76,7 +76,7 @@ bool hasNoHeight(const api::PlanarCameraState& state) {
 struct DrawnCall {
     Arguments values;
     Pointers pointers{};
-    bool fails = false; ///< whatever the operation, but the transposition
+    bool fails = false; ///< whatever else they are
 
     DrawnCall(const AnyOperation& operation, const States& states, unsigned choice, Bytes& bytes)
         : values(operation.blank) {
@@ -146,8 +146,8 @@ void run(api::CameraAPIIf& service, const AnyOperation& operation, States& state
     } else {
         require(sameBits(after, before), "a successful call leaves the outcome alone");
     }
-    if (!drawn.fails &&
-        !operation.isTransposition()) { // whose answer has as many rows and columns as its argument says
+    // The transposition answers with as many rows and columns as its argument says.
+    if (!drawn.fails && !operation.isTransposition()) {
         std::visit([](const auto& held) { requireWritten(held.mValue); }, result);
     }
     if (twice) {
