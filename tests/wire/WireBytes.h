@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <thrift/protocol/TProtocol.h>
 #include <thrift/protocol/TProtocolException.h>
@@ -72,7 +73,8 @@ int protocolErrorOf(Call call) {
 
 inline std::shared_ptr<TMemoryBuffer> bufferOf(
     const std::string& bytes, std::shared_ptr<::apache::thrift::TConfiguration> configuration = nullptr) {
-    auto buffer = std::make_shared<TMemoryBuffer>(static_cast<std::uint32_t>(bytes.size() + 1), configuration);
+    auto buffer =
+        std::make_shared<TMemoryBuffer>(static_cast<std::uint32_t>(bytes.size() + 1), std::move(configuration));
     buffer->write(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::uint32_t>(bytes.size()));
     return buffer;
 }
