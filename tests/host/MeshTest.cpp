@@ -24,13 +24,14 @@ std::string errorOf(const std::filesystem::path& file) {
     return {};
 }
 
-class MeshFormat : public ::testing::TestWithParam<ModelFile> {};
+using MeshTest = FolderTest;
+
+class MeshFormat : public FolderTest, public ::testing::WithParamInterface<ModelFile> {};
 
 INSTANTIATE_TEST_SUITE_P(Good, MeshFormat, ::testing::ValuesIn(goodModels()),
                          [](const auto& parameter) { return parameter.param.test; });
 
 TEST_P(MeshFormat, IsRead) {
-    const TemporaryFolder folder;
     const Mesh mesh = loadMesh(folder.write(GetParam().name, GetParam().content));
     EXPECT_EQ(mesh.triangles.size(), 12U) << "the four triangles of a tetrahedron";
     EXPECT_EQ(mesh.box.minimum, (Vec3{0, 0, 0}));
@@ -43,13 +44,12 @@ TEST_P(MeshFormat, IsRead) {
     }
 }
 
-class BrokenModel : public ::testing::TestWithParam<ModelFile> {};
+using BrokenModel = MeshFormat;
 
 INSTANTIATE_TEST_SUITE_P(Broken, BrokenModel, ::testing::ValuesIn(brokenModels()),
                          [](const auto& parameter) { return parameter.param.test; });
 
 TEST_P(BrokenModel, IsRefusedInOneLineThatNamesTheFile) {
-    const TemporaryFolder folder;
     const auto file = folder.write(GetParam().name, GetParam().content);
     const std::string error = errorOf(file);
     EXPECT_THAT(error, HasSubstr(file.string() + ": "));
@@ -57,20 +57,17 @@ TEST_P(BrokenModel, IsRefusedInOneLineThatNamesTheFile) {
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
 }
 
-TEST(Mesh, IsNotReadFromNowhere) { EXPECT_EQ(errorOf("/nowhere/model.obj"), "/nowhere/model.obj: no such file"); }
-
-TEST(Mesh, IsNotReadFromAFolder) {
-    const TemporaryFolder folder;
+TEST_F(MeshTest, IsNotReadFromNowhereOrFromAFolder) {
+    EXPECT_EQ(errorOf("/nowhere/model.obj"), "/nowhere/model.obj: no such file");
     EXPECT_EQ(errorOf(folder.path()), folder.path().string() + ": not a file");
 }
 
-TEST(Mesh, BoxHoldsWhatIsDrawnAndNoStrayVertex) {
-    const TemporaryFolder folder;
+TEST_F(MeshTest, BoxHoldsWhatIsDrawnAndNoStrayVertex) {
     const Mesh mesh = loadMesh(folder.write("stray.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 90 90 90\nf 1 2 3\n"));
     EXPECT_EQ(mesh.box.maximum, (Vec3{1, 1, 0}));
 }
 
-TEST(Mesh, TakesTheModelsOfTheProject) {
+TEST_F(MeshTest, TakesTheModelsOfTheProject) {
     const Mesh teapot = loadMesh(CAMERA_MODELS "/teapot.obj");
     EXPECT_EQ(teapot.triangles.size() / 3, 992U);
     const Mesh bunny = loadMesh(CAMERA_MODELS "/bunny.obj");

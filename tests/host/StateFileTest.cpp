@@ -11,8 +11,9 @@
 namespace qel::host::test {
 namespace {
 
-TEST(StateFile, NamesAFileThatIsMissing) {
-    const TemporaryFolder folder;
+using StateFileTest = FolderTest;
+
+TEST_F(StateFileTest, NamesAFileThatIsMissing) {
     try {
         readState(folder / "none");
         FAIL();
@@ -21,15 +22,13 @@ TEST(StateFile, NamesAFileThatIsMissing) {
     }
 }
 
-TEST(StateFile, TellsAFileThatBreaksOff) {
-    const TemporaryFolder folder;
+TEST_F(StateFileTest, TellsAFileThatBreaksOff) {
     writeState({}, folder / "whole");
     const auto file = folder.write("half", readText(folder / "whole").substr(0, 20));
     EXPECT_THROW(readState(file), std::runtime_error);
 }
 
-TEST(StateFile, LeavesTheOlderFileWhereItCannotWrite) {
-    const TemporaryFolder folder;
+TEST_F(StateFileTest, LeavesTheOlderFileWhereItCannotWrite) {
     std::filesystem::create_directory(folder / "state.part");
     const auto file = folder.write("state", "older");
     EXPECT_THROW(writeState({}, file), std::runtime_error);
