@@ -51,6 +51,9 @@ public:
         return first <= 1.0 ? std::optional(start + direction * first) : std::nullopt;
     }
 
+    /// How far a point is ahead of the eye, measured along the direction of view.
+    [[nodiscard]] double distanceAhead(const Vec3& point) const { return dot(point - eye(), direction()); }
+
     /// Where a point is seen, in pixels and fractions of them.
     [[nodiscard]] Vec2 pixelOf(const Vec3& point) const {
         const auto place = CameraView(mState).toWindow(point);
