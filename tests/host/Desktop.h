@@ -14,6 +14,10 @@
 
 namespace qel::host::test {
 
+inline constexpr unsigned int left = 1; ///< a mouse's buttons
+inline constexpr unsigned int middle = 2;
+inline constexpr unsigned int right = 3;
+
 /// A program started by a test, which does not outlive it.
 class Process {
 public:

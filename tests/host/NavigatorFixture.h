@@ -41,6 +41,7 @@ protected:
                             asked = at;
                             return depth;
                         }};
+    const Navigator::State first = navigator.camera();
 };
 
 } // namespace qel::host::test

@@ -30,8 +30,6 @@ protected:
         navigator.redo();
         return navigator.camera();
     }
-
-    const State first = navigator.camera();
 };
 
 TEST_F(NavigatorHistoryTest, ZoomingOnAtAPixelIsOneStepOfTheHistory) {

@@ -49,8 +49,6 @@ protected:
         EXPECT_NEAR(seen((left + right) / 2.0).x, 400.0, 1.0);
         EXPECT_NEAR(seen((left + right) / 2.0).y, 300.0, 1.0);
     }
-
-    const Navigator::State first = navigator.camera();
 };
 
 TEST(PixelUnder, CountsPixelsFromTheLowerLeftAndGoesOnOutside) {

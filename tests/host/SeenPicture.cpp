@@ -89,7 +89,7 @@ std::optional<Vec2> SeenPicture::middleOf(Colour colour) const {
 
 int SeenPicture::countDifferences(const SeenPicture& other) const {
     if (other.width() != width() || other.height() != height()) {
-        throw std::invalid_argument("pictures of different sizes");
+        return width() * height();
     }
     constexpr int little = 6;
     int count = 0;

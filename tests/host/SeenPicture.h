@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "host/render/Picture.h"
 #include "host/render/Stroke.h"
@@ -26,6 +27,7 @@ class SeenPicture {
 public:
     /// Reads a PNG file. Throws std::runtime_error where it is none.
     explicit SeenPicture(const std::filesystem::path& file);
+    explicit SeenPicture(Picture picture) : mPicture(std::move(picture)) {}
 
     [[nodiscard]] int width() const { return mPicture.width; }
     [[nodiscard]] int height() const { return mPicture.height; }
@@ -39,7 +41,7 @@ public:
     [[nodiscard]] std::optional<Vec2> middleOf(Colour colour, Vec2 place, double distance) const;
     [[nodiscard]] std::optional<Vec2> middleOf(Colour colour) const;
 
-    /// How many pixels differ by more than a little.
+    /// How many pixels differ by more than a little: all of them where the sizes do.
     [[nodiscard]] int countDifferences(const SeenPicture& other) const;
 
 private:
