@@ -25,12 +25,14 @@ using api::camera::PlanarCameraState;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
+const std::string teapotFile = CAMERA_MODELS "/teapot.obj";
+
 const Mesh& teapot() {
-    static const Mesh mesh = loadMesh(CAMERA_MODELS "/teapot.obj");
+    static const Mesh mesh = loadMesh(teapotFile);
     return mesh;
 }
 
-class ViewerWindow : public ::testing::Test {
+class ViewerWindow : public FolderTest {
 protected:
     /// The camera's file as the viewer writes it now, after all that was done before.
     std::string save() {
@@ -58,10 +60,8 @@ protected:
         EXPECT_NEAR(seen.y, y, 1.0);
     }
 
-    TemporaryFolder folder;
-    std::filesystem::path file = folder / "camera.state";
-    const std::string model = CAMERA_MODELS "/teapot.obj";
-    Desktop desktop{{CAMERA_PROGRAM, "view", model, "--state", file}};
+    const std::filesystem::path file = folder / "camera.state";
+    Desktop desktop{{CAMERA_PROGRAM, "view", teapotFile, "--state", file}};
     const PlanarCameraState first = camera();
     // A place on the pot's body, and the point of it that is seen there.
     const int x = 440;
@@ -231,7 +231,7 @@ TEST_F(ViewerWindow, EndsWithItsWindow) {
 using Viewer = ProgramTest;
 
 TEST_F(Viewer, SaysInOneLineThatThereIsNoDesktop) {
-    const Outcome outcome = run({"view", CAMERA_MODELS "/teapot.obj"}, "DISPLAY=:no");
+    const Outcome outcome = run({"view", teapotFile}, "DISPLAY=:no");
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.errors, HasSubstr("camera: no window: "));
     EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
