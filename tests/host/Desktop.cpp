@@ -117,6 +117,10 @@ struct Desktop::Connection {
         XTestFakeKeyEvent(display, XKeysymToKeycode(display, symbol), down ? True : False, CurrentTime);
         XFlush(display);
     }
+    void button(unsigned int number, bool down) {
+        XTestFakeButtonEvent(display, number, down ? True : False, CurrentTime);
+        XFlush(display);
+    }
 };
 
 Desktop::Desktop(const std::vector<std::string>& command) {
@@ -167,15 +171,9 @@ void Desktop::move(int x, int y) {
     XFlush(mConnection->display);
 }
 
-void Desktop::press(unsigned int button) {
-    XTestFakeButtonEvent(mConnection->display, button, True, CurrentTime);
-    XFlush(mConnection->display);
-}
+void Desktop::press(unsigned int button) { mConnection->button(button, true); }
 
-void Desktop::release(unsigned int button) {
-    XTestFakeButtonEvent(mConnection->display, button, False, CurrentTime);
-    XFlush(mConnection->display);
-}
+void Desktop::release(unsigned int button) { mConnection->button(button, false); }
 
 void Desktop::drag(unsigned int button, int fromX, int fromY, int toX, int toY) {
     constexpr int steps = 4;
@@ -201,14 +199,10 @@ void Desktop::holdShift(bool down) { mConnection->key(XK_Shift_L, down); }
 void Desktop::type(char character) {
     const bool shift = character == '?';
     const KeySym symbol = shift ? XK_slash : static_cast<KeySym>(character); // Latin letters are their own symbols
-    if (shift) {
-        holdShift(true);
-    }
+    holdShift(shift);
     mConnection->key(symbol, true);
     mConnection->key(symbol, false);
-    if (shift) {
-        holdShift(false);
-    }
+    holdShift(false);
 }
 
 void Desktop::resize(int width, int height) {

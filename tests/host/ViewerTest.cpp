@@ -110,13 +110,10 @@ TEST_F(ViewerWindow, ShiftDragDrawsARectangleAndZoomsIntoIt) {
     desktop.move(x - width / 2, y + height / 2);
     desktop.press(left);
     desktop.move(x + width / 2, y - height / 2);
-    const auto isBlue = [](const Picture& picture, int column, int row) {
-        const std::uint8_t* pixel = picture.at(column, picture.height - 1 - row);
-        return pixel[2] > 200 && pixel[0] < 80;
-    };
     desktop.waitFor([&](const Picture& picture) {
-        return isBlue(picture, x - width / 2, y) && isBlue(picture, x + width / 2, y) &&
-               isBlue(picture, x, y - height / 2) && isBlue(picture, x, y + height / 2);
+        const auto drawn = SeenPicture(picture).extentsOf(firstMark);
+        return drawn && std::abs(drawn->left - (x - width / 2)) < 3 && std::abs(drawn->right - (x + width / 2)) < 3 &&
+               std::abs(drawn->bottom - (y - height / 2)) < 3 && std::abs(drawn->top - (y + height / 2)) < 3;
     });
     desktop.release(left);
     desktop.holdShift(false);

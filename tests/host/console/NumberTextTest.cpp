@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstdint>
-#include <initializer_list>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
@@ -19,12 +19,6 @@ namespace {
 using ::testing::ElementsAre;
 
 std::uint64_t bitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
-
-/// The bits that the text of a number reads back to.
-std::uint64_t thereAndBack(std::uint64_t bits) {
-    const auto number = parseNumber(numberText(std::bit_cast<double>(bits)));
-    return number ? bitsOf(*number) : ~bits;
-}
 
 TEST(NumberText, IsTheShortestThatReadsBack) {
     EXPECT_EQ(numberText(0.1), "0.1");
@@ -53,19 +47,15 @@ TEST(NumberText, NamesWhatIsNoNumber) {
 }
 
 TEST(NumberText, ReadsBackEveryKindOfDoubleToTheSameBits) {
-    for (const std::uint64_t bits : std::initializer_list<std::uint64_t>{
-             0x0000000000000000U, 0x8000000000000000U, 0x0000000000000001U, 0x800fffffffffffffU, 0x0010000000000000U,
-             0x7fefffffffffffffU, 0x7ff0000000000000U, 0xfff0000000000000U, 0x7ff8000000000000U, 0xfff8000000000000U,
-             0x7ff0000000000001U, 0xffffffffffffffffU, 0x3ff0000000000001U, 0x4340000000000001U}) {
-        EXPECT_EQ(thereAndBack(bits), bits) << std::hex << bits;
-    }
-}
-
-TEST(NumberText, ReadsBackAnyBits) {
-    std::mt19937_64 random(1);
-    for (int i = 0; i < 100000; ++i) {
-        const std::uint64_t bits = random();
-        ASSERT_EQ(thereAndBack(bits), bits) << std::hex << bits;
+    std::vector<std::uint64_t> samples{
+        0x0000000000000000U, 0x8000000000000000U, 0x0000000000000001U, 0x800fffffffffffffU, 0x0010000000000000U,
+        0x7fefffffffffffffU, 0x7ff0000000000000U, 0xfff0000000000000U, 0x7ff8000000000000U, 0xfff8000000000000U,
+        0x7ff0000000000001U, 0xffffffffffffffffU, 0x3ff0000000000001U, 0x4340000000000001U};
+    std::generate_n(std::back_inserter(samples), 100000, std::mt19937_64(1));
+    for (const std::uint64_t bits : samples) {
+        const auto number = parseNumber(numberText(std::bit_cast<double>(bits)));
+        ASSERT_TRUE(number) << std::hex << bits;
+        ASSERT_EQ(bitsOf(*number), bits) << std::hex << bits;
     }
 }
 
@@ -79,16 +69,14 @@ TEST(ParseNumber, TakesTheUsualSpellings) {
     EXPECT_EQ(bitsOf(parseNumber("nan").value()), 0x7ff8000000000000U);
 }
 
-TEST(ParseNumber, RefusesWhatIsNone) {
-    for (const char* text : {"", "-", "+", ".", "--1", "-+1", "1x", "1 ", " 1", "0x10", "e5", "infinit", "nan()",
-                             "nan(0x0)", "nan(0x10000000000000)", "nan(0x1", "nan(0x)", "nan(1)", "1,2"}) {
+TEST(ParseNumber, RefusesWhatIsNoneAndWhatNoDoubleHolds) {
+    for (const char* text : {"",        "-",       "+",      ".",        "--1",
+                             "-+1",     "1x",      "1 ",     " 1",       "0x10",
+                             "e5",      "infinit", "nan()",  "nan(0x0)", "nan(0x10000000000000)",
+                             "nan(0x1", "nan(0x)", "nan(1)", "1,2",      "1e309",
+                             "-1e309"}) {
         EXPECT_FALSE(parseNumber(text)) << text;
     }
-}
-
-TEST(ParseNumber, RefusesWhatNoDoubleHolds) {
-    EXPECT_FALSE(parseNumber("1e309"));
-    EXPECT_FALSE(parseNumber("-1e309"));
 }
 
 TEST(ParseNumberList, TakesNumbersBetweenCommasAndSpacesAroundThem) {
