@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/scene/Geometry.h"
 #include "tests/host/Desktop.h"
+#include "tests/host/SeenPicture.h"
 
 namespace qel::host::test {
 namespace {
@@ -17,22 +17,19 @@ int brightness(const std::uint8_t* pixel) { return pixel[0] + pixel[1] + pixel[2
 std::optional<Pixel> whiteCorner(const Picture& picture) {
     std::optional<Pixel> place;
     int whitest = 750;
-    for (int row = 0; row < picture.height; ++row) {
-        for (int column = 0; column < picture.width; ++column) {
-            if (const int seen = brightness(picture.at(column, row)); seen > whitest) {
-                whitest = seen;
-                place = {column, picture.height - 1 - row};
-            }
+    SeenPicture(picture).forEachPixel([&](Pixel at, const std::uint8_t* bytes) {
+        if (brightness(bytes) > whitest) {
+            whitest = brightness(bytes);
+            place = at;
         }
-    }
+    });
     return place;
 }
 
 int countCube(const Picture& picture) {
     int count = 0;
-    for (std::size_t i = 0; i < picture.bytes.size(); i += 4) {
-        count += brightness(picture.bytes.data() + i) > 0 ? 1 : 0;
-    }
+    SeenPicture(picture).forEachPixel(
+        [&](Pixel, const std::uint8_t* bytes) { count += brightness(bytes) > 0 ? 1 : 0; });
     return count;
 }
 

@@ -33,52 +33,63 @@ int openForWriting(const std::filesystem::path& file) {
 
 } // namespace
 
-Process::Process(const std::vector<std::string>& command, const Environment& environment,
-                 const std::filesystem::path& output, const std::filesystem::path& errors)
-    : mId(fork()) {
-    if (mId < 0) {
-        throw std::runtime_error("no further process");
+/// A program that does not outlive this object.
+class Desktop::Process {
+public:
+    /// The environment is NAME=value each, over those of the test; what the program says goes to the two files.
+    Process(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+            const std::filesystem::path& output, const std::filesystem::path& errors)
+        : mId(fork()) {
+        if (mId < 0) {
+            throw std::runtime_error("no further process");
+        }
+        if (mId > 0) {
+            return;
+        }
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        dup2(openForWriting(output), STDOUT_FILENO);
+        dup2(openForWriting(errors), STDERR_FILENO);
+        for (const std::string& variable : environment) {
+            putenv(const_cast<char*>(variable.c_str()));
+        }
+        std::vector<char*> arguments;
+        for (const std::string& argument : command) {
+            arguments.push_back(const_cast<char*>(argument.c_str()));
+        }
+        arguments.push_back(nullptr);
+        execvp(arguments[0], arguments.data());
+        _exit(127); // as a shell does
     }
-    if (mId > 0) {
-        return;
+    ~Process() {
+        if (isRunning()) {
+            kill(mId, SIGTERM); // which lets a display put its files away
+            wait();
+        }
     }
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    dup2(openForWriting(output), STDOUT_FILENO);
-    dup2(openForWriting(errors), STDERR_FILENO);
-    for (const std::string& variable : environment) {
-        putenv(const_cast<char*>(variable.c_str()));
-    }
-    std::vector<char*> arguments;
-    for (const std::string& argument : command) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    }
-    arguments.push_back(nullptr);
-    execvp(arguments[0], arguments.data());
-    _exit(127); // as a shell does
-}
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
 
-Process::~Process() {
-    if (isRunning()) {
-        kill(mId, SIGTERM); // which lets a display put its files away
-        wait();
+    bool isRunning() {
+        reap(WNOHANG);
+        return mRunning;
     }
-}
-
-void Process::reap(int options) {
-    if (mRunning && waitpid(mId, &mStatus, options) == mId) {
-        mRunning = false;
+    /// Waits for its end and gives its exit code; -1 where a signal ended it.
+    int wait() {
+        reap(0);
+        return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : -1;
     }
-}
 
-bool Process::isRunning() {
-    reap(WNOHANG);
-    return mRunning;
-}
+private:
+    void reap(int options) {
+        if (mRunning && waitpid(mId, &mStatus, options) == mId) {
+            mRunning = false;
+        }
+    }
 
-int Process::wait() {
-    reap(0);
-    return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : -1;
-}
+    pid_t mId;
+    bool mRunning = true;
+    int mStatus = 0;
+};
 
 struct Desktop::Connection {
     Display* display = nullptr;
@@ -134,7 +145,7 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     mServer =
         std::make_unique<Process>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen",
                                                            "0", screen, "-nolisten", "tcp", "-noreset"},
-                                  Process::Environment{}, mFolder / "server-output", mFolder / "server-errors");
+                                  std::vector<std::string>{}, mFolder / "server-output", mFolder / "server-errors");
     ::close(pipe[1]);
     std::string name = ":";
     for (char letter = 0; read(pipe[0], &letter, 1) == 1 && letter != '\n';) {
@@ -149,8 +160,9 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     // The pointer waits where no window appears, so that nothing happens that the test does not do.
     XTestFakeMotionEvent(mConnection->display, 0, screenWidth - 1, screenHeight - 1, CurrentTime);
     XSync(mConnection->display, False);
-    mProgram = std::make_unique<Process>(command, Process::Environment{"DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"},
-                                         mFolder / "output", mFolder / "errors");
+    mProgram =
+        std::make_unique<Process>(command, std::vector<std::string>{"DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"},
+                                  mFolder / "output", mFolder / "errors");
     waitUntil([this] { return mConnection->findWindow(); });
     // Without a window manager nobody else says where the keys go, but the window itself, a little later.
     XSetInputFocus(mConnection->display, mConnection->window, RevertToParent, CurrentTime);

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/host/ErrorOf.h"
 #include "tests/host/ModelFiles.h"
 #include "tests/host/TemporaryFolder.h"
 
@@ -15,13 +16,8 @@ namespace {
 
 using ::testing::HasSubstr;
 
-std::string errorOf(const std::filesystem::path& file) {
-    try {
-        loadMesh(file);
-    } catch (const ModelError& error) {
-        return error.what();
-    }
-    return {};
+std::string errorOfLoading(const std::filesystem::path& file) {
+    return errorOf<ModelError>([&] { loadMesh(file); });
 }
 
 using MeshTest = FolderTest;
@@ -51,15 +47,15 @@ INSTANTIATE_TEST_SUITE_P(Broken, BrokenModel, ::testing::ValuesIn(brokenModels()
 
 TEST_P(BrokenModel, IsRefusedInOneLineThatNamesTheFile) {
     const auto file = folder.write(GetParam().name, GetParam().content);
-    const std::string error = errorOf(file);
+    const std::string error = errorOfLoading(file);
     EXPECT_THAT(error, HasSubstr(file.string() + ": "));
     EXPECT_THAT(error, HasSubstr(GetParam().problem));
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
 }
 
 TEST_F(MeshTest, IsNotReadFromNowhereOrFromAFolder) {
-    EXPECT_EQ(errorOf("/nowhere/model.obj"), "/nowhere/model.obj: no such file");
-    EXPECT_EQ(errorOf(folder.path()), folder.path().string() + ": not a file");
+    EXPECT_EQ(errorOfLoading("/nowhere/model.obj"), "/nowhere/model.obj: no such file");
+    EXPECT_EQ(errorOfLoading(folder.path()), folder.path().string() + ": not a file");
 }
 
 TEST_F(MeshTest, BoxHoldsWhatIsDrawnAndNoStrayVertex) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the program itself, as a person does.
-#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -19,15 +18,6 @@ namespace {
 using Program = ProgramTest;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-/// Exit code 1, and one line of errors that names the program first; nothing else was said.
-void expectOneLine(const Outcome& outcome, const std::string& part) {
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors, StartsWith("camera: "));
-    EXPECT_THAT(outcome.errors, HasSubstr(part));
-    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
-    EXPECT_EQ(outcome.output, "");
-}
 
 const std::string teapot = CAMERA_MODELS "/teapot.obj";
 
@@ -95,10 +85,7 @@ TEST_F(Program, TellsWhatItDoesNotTake) {
           {{"show", "--colour", "camera.json"}, "The following argument was not expected: --colour\n"},
           {{"tour", teapot, "--size", "large"}, "--size: wants WIDTHxHEIGHT in pixels"},
           {{"tour"}, ""}}) {
-        const Outcome outcome = run(arguments);
-        EXPECT_EQ(outcome.exitCode, 2) << told;
-        EXPECT_EQ(outcome.output, "") << told;
-        EXPECT_THAT(outcome.errors, StartsWith("camera: " + told));
+        expectMisuse(run(arguments), "camera: " + told);
     }
 }
 

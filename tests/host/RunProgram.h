@@ -8,6 +8,9 @@
 
 #include <sys/wait.h>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
@@ -50,6 +53,22 @@ protected:
             command.append(" ").append(quotedForShell(argument));
         }
         return runInShell(command);
+    }
+
+    /// Exit code 1, and one line of errors that names the program first; nothing else was said.
+    static void expectOneLine(const Outcome& outcome, const std::string& part) {
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_THAT(outcome.errors, ::testing::StartsWith("camera: "));
+        EXPECT_THAT(outcome.errors, ::testing::HasSubstr(part));
+        EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << outcome.errors;
+        EXPECT_EQ(outcome.output, "");
+    }
+    /// A run of misuse: told after the name of the program, and nothing on standard output.
+    static void expectMisuse(const Outcome& outcome, const std::string& part) {
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_THAT(outcome.errors, ::testing::StartsWith("camera: "));
+        EXPECT_THAT(outcome.errors, ::testing::HasSubstr(part));
     }
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -32,14 +33,24 @@ public:
     [[nodiscard]] int width() const { return mPicture.width; }
     [[nodiscard]] int height() const { return mPicture.height; }
 
+    /// Calls visit(pixel, its four bytes) for each pixel, from the top left one.
+    template <class Visit>
+    void forEachPixel(const Visit& visit) const {
+        for (int row = 0; row < height(); ++row) {
+            for (int column = 0; column < width(); ++column) {
+                visit(Pixel{column, height() - 1 - row}, mPicture.at(column, row));
+            }
+        }
+    }
+
     [[nodiscard]] int countModel() const;
     /// Nothing where the model is not seen.
     [[nodiscard]] std::optional<Extents> modelExtents() const;
     /// Of the pixels of a colour; nothing where there are none.
     [[nodiscard]] std::optional<Extents> extentsOf(Colour colour) const;
     /// The middle of the pixels of a colour within a distance of a place; nothing where there are none.
-    [[nodiscard]] std::optional<Vec2> middleOf(Colour colour, Vec2 place, double distance) const;
-    [[nodiscard]] std::optional<Vec2> middleOf(Colour colour) const;
+    [[nodiscard]] std::optional<Vec2> middleOf(Colour colour, Vec2 place = {},
+                                               double distance = std::numeric_limits<double>::infinity()) const;
 
     /// How many pixels differ by more than a little: all of them where the sizes do.
     [[nodiscard]] int countDifferences(const SeenPicture& other) const;

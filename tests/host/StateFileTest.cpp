@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "host/state/StateFile.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
@@ -14,12 +15,8 @@ namespace {
 using StateFileTest = FolderTest;
 
 TEST_F(StateFileTest, NamesAFileThatIsMissing) {
-    try {
-        readState(folder / "none");
-        FAIL();
-    } catch (const std::runtime_error& error) {
-        EXPECT_THAT(error.what(), ::testing::HasSubstr("none: cannot be read"));
-    }
+    EXPECT_THAT(errorOf<std::runtime_error>([&] { readState(folder / "none"); }),
+                ::testing::HasSubstr("none: cannot be read"));
 }
 
 TEST_F(StateFileTest, TellsAFileThatBreaksOff) {

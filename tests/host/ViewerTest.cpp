@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the program's viewer in a window, as a person does, and asks it for its camera by the key that saves it.
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -228,10 +227,7 @@ TEST_F(ViewerWindow, EndsWithItsWindow) {
 using Viewer = ProgramTest;
 
 TEST_F(Viewer, SaysInOneLineThatThereIsNoDesktop) {
-    const Outcome outcome = run({"view", teapotFile}, "DISPLAY=:no");
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors, HasSubstr("camera: no window: "));
-    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+    expectOneLine(run({"view", teapotFile}, "DISPLAY=:no"), "camera: no window: ");
 }
 
 TEST_F(Viewer, ListsItsKeysInItsHelp) {

@@ -13,6 +13,7 @@
 #include "host/console/Call.h"
 #include "host/console/CallArguments.h"
 #include "host/console/RecordJson.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
@@ -42,12 +43,7 @@ auto valueOf(const CallOutcome& outcome) {
 /// What is said of a call that cannot be made.
 std::string misuse(const std::string& operation, const std::vector<std::string>& arguments,
                    const std::string& standardInput = "") {
-    try {
-        call(operation, arguments, standardInput);
-    } catch (const ArgumentError& error) {
-        return error.what();
-    }
-    return "the call was made";
+    return errorOf<ArgumentError>([&] { call(operation, arguments, standardInput); });
 }
 
 using CallOfFiles = FolderTest;
@@ -86,12 +82,8 @@ TEST(Call, TakesAFrustumAsItsNumbersAndATypeByItsNameOrNumber) {
     for (const char* type : {"ORTHOGRAPHIC", "orthographic", "1"}) {
         const auto state = valueOf<camera::ProjectionStateResult>(call("projectionCreate", {"-4,4,-3,3,1,9", type}));
         EXPECT_EQ(state.mProjectionType, camera::ProjectionType::ORTHOGRAPHIC) << type;
-        EXPECT_EQ(state.mFrustum.mLeft, -4);
-        EXPECT_EQ(state.mFrustum.mRight, 4);
-        EXPECT_EQ(state.mFrustum.mBottom, -3);
-        EXPECT_EQ(state.mFrustum.mTop, 3);
-        EXPECT_EQ(state.mFrustum.mNearDist, 1);
-        EXPECT_EQ(state.mFrustum.mFarDist, 9);
+        EXPECT_EQ(layOut(toJson(state.mFrustum)),
+                  R"({"mLeft": -4, "mRight": 4, "mBottom": -3, "mTop": 3, "mNearDist": 1, "mFarDist": 9})");
     }
 }
 

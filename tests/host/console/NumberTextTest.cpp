@@ -79,13 +79,10 @@ TEST(ParseNumber, RefusesWhatIsNoneAndWhatNoDoubleHolds) {
     }
 }
 
-TEST(ParseNumberList, TakesNumbersBetweenCommasAndSpacesAroundThem) {
+TEST(ParseNumberList, TakesNumbersBetweenCommasAndNamesThePieceThatIsNone) {
     EXPECT_THAT(parseNumberList("1,-2.5, 3 ,inf").numbers,
                 ElementsAre(1.0, -2.5, 3.0, std::numeric_limits<double>::infinity()));
     EXPECT_FALSE(parseNumberList("1,-2.5, 3").wrongPiece);
-}
-
-TEST(ParseNumberList, NamesThePieceThatIsNoNumber) {
     EXPECT_EQ(parseNumberList("1,two,3").wrongPiece, "two");
     EXPECT_EQ(parseNumberList("1,,3").wrongPiece, "");
     EXPECT_EQ(parseNumberList("1,2,").wrongPiece, "");

@@ -13,6 +13,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/console/RecordJson.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/records/AllRecords.h"
 #include "tests/records/RandomRecords.h"
 
@@ -29,13 +30,8 @@ Record thereAndBack(const Record& record) {
 
 /// What reading the text as such a record says of it.
 template <class Record>
-std::string errorOf(const std::string& text) {
-    try {
-        fromJson<Record>(parseJson(text));
-    } catch (const JsonError& error) {
-        return error.what();
-    }
-    return "it was read";
+std::string errorOfReading(const std::string& text) {
+    return errorOf<JsonError>([&] { fromJson<Record>(parseJson(text)); });
 }
 
 void raiseFlags(auto& record) {
@@ -90,14 +86,14 @@ TYPED_TEST(RecordJson, TellsWhatItsFieldsAreNot) {
     api::forEachField<TypeParam>([&](const auto& field) {
         Json json = whole;
         json.erase(field.name);
-        EXPECT_EQ(errorOf<TypeParam>(layOut(json)),
+        EXPECT_EQ(errorOfReading<TypeParam>(layOut(json)),
                   std::string("the field ") + field.name + " of " + name + " is missing");
     });
     Json json = whole;
     json["mEyes"] = 1;
-    EXPECT_EQ(errorOf<TypeParam>(layOut(json)), "a " + name + " has no field mEyes");
-    EXPECT_THAT(errorOf<TypeParam>("[1, 2]"), HasSubstr("but a list of 2 came"));
-    EXPECT_THAT(errorOf<TypeParam>("null"), HasSubstr("but null came"));
+    EXPECT_EQ(errorOfReading<TypeParam>(layOut(json)), "a " + name + " has no field mEyes");
+    EXPECT_THAT(errorOfReading<TypeParam>("[1, 2]"), HasSubstr("but a list of 2 came"));
+    EXPECT_THAT(errorOfReading<TypeParam>("null"), HasSubstr("but null came"));
 }
 
 TEST(RecordJsonNumbers, AreTextsOnlyWhereJsonHasNoSpelling) {
@@ -114,9 +110,10 @@ TEST(RecordJsonNumbers, MayBeWrittenInAnyUsualWay) {
 }
 
 TEST(RecordJsonNumbers, AreToldByTheirPlaceWhereTheyAreNone) {
-    EXPECT_EQ(errorOf<camera::Vector>(R"({"mData": [1, "x", 3]})"), R"(mData[1]: wants a number, but "x" came)");
-    EXPECT_EQ(errorOf<camera::Vector>(R"({"mData": 1})"), "mData: wants a list, but 1 came");
-    EXPECT_EQ(errorOf<camera::Matrix>(R"({"mData": [[1], [true]]})"), "mData[1][0]: wants a number, but true came");
+    EXPECT_EQ(errorOfReading<camera::Vector>(R"({"mData": [1, "x", 3]})"), R"(mData[1]: wants a number, but "x" came)");
+    EXPECT_EQ(errorOfReading<camera::Vector>(R"({"mData": 1})"), "mData: wants a list, but 1 came");
+    EXPECT_EQ(errorOfReading<camera::Matrix>(R"({"mData": [[1], [true]]})"),
+              "mData[1][0]: wants a number, but true came");
 }
 
 TEST(RecordJsonOutcome, LeavesAMessageOutThatIsNotSet) {
@@ -128,10 +125,10 @@ TEST(RecordJsonOutcome, LeavesAMessageOutThatIsNotSet) {
 
 TEST(RecordJsonOutcome, HasAnErrorOf32Bits) {
     for (const char* error : {"2147483648", "-2147483649", "1.0", "\"1\"", "18446744073709551615"}) {
-        EXPECT_EQ(
-            errorOf<camera::DoubleResult>(std::string(R"({"mResult": {"mError": )") + error + R"(}, "mValue": 0})"),
-            std::string("mResult.mError: wants a whole number of 32 bits, but ") +
-                (std::string(error) == "1.0" ? "1" : error) + " came");
+        EXPECT_EQ(errorOfReading<camera::DoubleResult>(std::string(R"({"mResult": {"mError": )") + error +
+                                                       R"(}, "mValue": 0})"),
+                  std::string("mResult.mError: wants a whole number of 32 bits, but ") +
+                      (std::string(error) == "1.0" ? "1" : error) + " came");
     }
 }
 
@@ -145,7 +142,7 @@ TEST(RecordJsonEnumerator, IsItsNameOrItsNumber) {
     json["mProjectionType"] = "perspective";
     EXPECT_EQ(fromJson<camera::ProjectionState>(json).mProjectionType, camera::ProjectionType::PERSPECTIVE);
     json["mProjectionType"] = "FISHEYE";
-    EXPECT_EQ(errorOf<camera::ProjectionState>(layOut(json)),
+    EXPECT_EQ(errorOfReading<camera::ProjectionState>(layOut(json)),
               "mProjectionType: wants PERSPECTIVE, ORTHOGRAPHIC or a number, but \"FISHEYE\" came");
     state.mProjectionType = static_cast<camera::ProjectionType::type>(-7); // which has no name
     EXPECT_EQ(toJson(state)["mProjectionType"], -7);
@@ -160,7 +157,7 @@ TEST(RecordJsonBlob, IsBase64) {
     EXPECT_EQ(blob, "AP8=");
     for (const Json& wrong : {Json("AP8"), Json(5)}) {
         blob = wrong;
-        EXPECT_EQ(errorOf<camera::PlanarCameraState>(layOut(json)),
+        EXPECT_EQ(errorOfReading<camera::PlanarCameraState>(layOut(json)),
                   "mViewState.mPrivate: wants bytes in base64, but " + layOut(wrong) + " came");
     }
 }
@@ -178,14 +175,14 @@ TEST(RecordJsonPayload, IsNotTakenFromACallThatFailed) {
     camera::ViewStateResult result;
     result.mResult.mError = -1;
     result.mResult.__set_mMessage("Call to viewYaw() failed.");
-    EXPECT_EQ(errorOf<camera::ViewState>(layOut(toJson(result))),
+    EXPECT_EQ(errorOfReading<camera::ViewState>(layOut(toJson(result))),
               "it is the result of a call that failed with error -1: Call to viewYaw() failed.");
 }
 
 TEST(RecordJsonKind, IsToldWhereItIsAnotherOne) {
-    EXPECT_EQ(errorOf<camera::ViewState>(layOut(toJson(camera::PlanarCameraState{}))),
+    EXPECT_EQ(errorOfReading<camera::ViewState>(layOut(toJson(camera::PlanarCameraState{}))),
               "wants a ViewState, but a PlanarCameraState came");
-    EXPECT_EQ(errorOf<camera::PlanarCameraState>(layOut(toJson(camera::SurfaceStateResult{}))),
+    EXPECT_EQ(errorOfReading<camera::PlanarCameraState>(layOut(toJson(camera::SurfaceStateResult{}))),
               "wants a PlanarCameraState, but a SurfaceState came");
 }
 

@@ -16,6 +16,7 @@
 #include "host/calls/ServiceCall.h"
 #include "host/console/RecordJson.h"
 #include "host/show/Show.h"
+#include "tests/host/ErrorOf.h"
 
 namespace qel::host::test {
 namespace {
@@ -139,17 +140,12 @@ TEST(Show, TellsOfThePartsOfACamera) {
                                 "  depths          0 near to 1 far\n"));
 }
 
-TEST(Show, TakesTheStateOutOfAResult) {
+TEST(Show, TakesTheStateOutOfAResultAndWarnsWhereTheCallFailed) {
     camera::SurfaceStateResult result;
     service().surfaceCreateDefault(result);
     EXPECT_EQ(report(result).text(), report(result.mValue).text());
     const Json nested{{"mValue", toJson(result)}, {"mResult", {{"mError", 0}}}};
     EXPECT_EQ(reportState(nested).text(), report(result.mValue).text());
-}
-
-TEST(Show, WarnsOfTheResultOfACallThatFailed) {
-    camera::SurfaceStateResult result;
-    service().surfaceCreateDefault(result);
     result.mResult.mError = -1;
     result.mResult.__set_mMessage("Unable to create Surface object.");
     EXPECT_THAT(warningsOf(result), ElementsAre("result: the call that made it failed with error -1: Unable to create "
@@ -157,18 +153,13 @@ TEST(Show, WarnsOfTheResultOfACallThatFailed) {
 }
 
 TEST(Show, RefusesWhatIsNoState) {
-    const auto errorOf = [](const std::string& json) -> std::string {
-        try {
-            reportState(parseJson(json));
-        } catch (const JsonError& error) {
-            return error.what();
-        }
-        return "it was shown";
+    const auto errorOfJson = [](const std::string& json) {
+        return errorOf<JsonError>([&] { reportState(parseJson(json)); });
     };
-    EXPECT_EQ(errorOf(R"({"mData": [1, 2, 3]})"),
+    EXPECT_EQ(errorOfJson(R"({"mData": [1, 2, 3]})"),
               "wants a state of a planar camera, a view, a projection or a surface, but an object of mData came");
-    EXPECT_THAT(errorOf("[]"), HasSubstr("but a list of 0 came"));
-    EXPECT_EQ(errorOf(R"({"mPrivate": "", "mFrustum": {}})"),
+    EXPECT_THAT(errorOfJson("[]"), HasSubstr("but a list of 0 came"));
+    EXPECT_EQ(errorOfJson(R"({"mPrivate": "", "mFrustum": {}})"),
               "the field mProjectionMatrix of ProjectionState is missing");
 }
 
