@@ -36,9 +36,9 @@ int openForWriting(const std::filesystem::path& file) {
 /// A program that does not outlive this object.
 class Desktop::Process {
 public:
-    /// The environment is NAME=value each, over those of the test; what the program says goes to the two files.
-    Process(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-            const std::filesystem::path& output, const std::filesystem::path& errors)
+    /// What the program says goes to the two files.
+    Process(const std::vector<std::string>& command, const std::filesystem::path& output,
+            const std::filesystem::path& errors)
         : mId(fork()) {
         if (mId < 0) {
             throw std::runtime_error("no further process");
@@ -49,9 +49,6 @@ public:
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         dup2(openForWriting(output), STDOUT_FILENO);
         dup2(openForWriting(errors), STDERR_FILENO);
-        for (const std::string& variable : environment) {
-            putenv(const_cast<char*>(variable.c_str()));
-        }
         std::vector<char*> arguments;
         for (const std::string& argument : command) {
             arguments.push_back(const_cast<char*>(argument.c_str()));
@@ -69,21 +66,17 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    bool isRunning() {
-        reap(WNOHANG);
-        return mRunning;
-    }
+    bool isRunning() { return isRunning(WNOHANG); }
     /// Waits for its end and gives its exit code; -1 where a signal ended it.
     int wait() {
-        reap(0);
+        isRunning(0);
         return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : -1;
     }
 
 private:
-    void reap(int options) {
-        if (mRunning && waitpid(mId, &mStatus, options) == mId) {
-            mRunning = false;
-        }
+    bool isRunning(int options) {
+        mRunning = mRunning && waitpid(mId, &mStatus, options) != mId;
+        return mRunning;
     }
 
     pid_t mId;
@@ -142,10 +135,9 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     }
     fcntl(pipe[0], F_SETFD, FD_CLOEXEC);
     const std::string screen = std::to_string(screenWidth) + "x" + std::to_string(screenHeight) + "x24";
-    mServer =
-        std::make_unique<Process>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen",
-                                                           "0", screen, "-nolisten", "tcp", "-noreset"},
-                                  std::vector<std::string>{}, mFolder / "server-output", mFolder / "server-errors");
+    const std::vector<std::string> server{
+        "Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", screen, "-nolisten", "tcp", "-noreset"};
+    mServer = std::make_unique<Process>(server, mFolder / "server-output", mFolder / "server-errors");
     ::close(pipe[1]);
     std::string name = ":";
     for (char letter = 0; read(pipe[0], &letter, 1) == 1 && letter != '\n';) {
@@ -160,18 +152,16 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     // The pointer waits where no window appears, so that nothing happens that the test does not do.
     XTestFakeMotionEvent(mConnection->display, 0, screenWidth - 1, screenHeight - 1, CurrentTime);
     XSync(mConnection->display, False);
-    mProgram =
-        std::make_unique<Process>(command, std::vector<std::string>{"DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"},
-                                  mFolder / "output", mFolder / "errors");
+    std::vector<std::string> program{"env", "DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"};
+    program.insert(program.end(), command.begin(), command.end());
+    mProgram = std::make_unique<Process>(program, mFolder / "output", mFolder / "errors");
     waitUntil([this] { return mConnection->findWindow(); });
     // Without a window manager nobody else says where the keys go, but the window itself, a little later.
     XSetInputFocus(mConnection->display, mConnection->window, RevertToParent, CurrentTime);
     XSync(mConnection->display, False);
 }
 
-Desktop::~Desktop() {
-    mProgram.reset(); // before what it is drawn on
-}
+Desktop::~Desktop() = default;
 
 void Desktop::move(int x, int y) {
     int screenX = 0;

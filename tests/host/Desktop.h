@@ -56,6 +56,7 @@ private:
     class Process;
     struct Connection;
 
+    // The program goes before what it is drawn on.
     TemporaryFolder mFolder;
     std::unique_ptr<Process> mServer;
     std::unique_ptr<Connection> mConnection;

@@ -41,9 +41,7 @@ protected:
         const double height = (from.y + to.y) / 2.0;
         navigator.beginDrag(Drag::area, from);
         navigator.endDrag(to);
-        const auto seen = [&](double x) {
-            return Sight(navigator.camera()).pixelOf(Sight(before).pointAtDepth({x, height}, depth));
-        };
+        const auto seen = [&](double x) { return sight().pixelOf(Sight(before).pointAtDepth({x, height}, depth)); };
         EXPECT_NEAR(seen(left).x, 0.0, 1.0);
         EXPECT_NEAR(seen(right).x, 800.0, 1.0);
         EXPECT_NEAR(seen((left + right) / 2.0).x, 400.0, 1.0);

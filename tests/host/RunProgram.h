@@ -55,17 +55,16 @@ protected:
         return runInShell(command);
     }
 
-    /// Exit code 1, and one line of errors that names the program first; nothing else was said.
+    /// One line of errors that names the program first; nothing else was said.
     static void expectOneLine(const Outcome& outcome, const std::string& part) {
-        EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_THAT(outcome.errors, ::testing::StartsWith("camera: "));
-        EXPECT_THAT(outcome.errors, ::testing::HasSubstr(part));
+        expectErrors(outcome, part, 1);
         EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << outcome.errors;
-        EXPECT_EQ(outcome.output, "");
     }
-    /// A run of misuse: told after the name of the program, and nothing on standard output.
-    static void expectMisuse(const Outcome& outcome, const std::string& part) {
-        EXPECT_EQ(outcome.exitCode, 2);
+    static void expectMisuse(const Outcome& outcome, const std::string& part) { expectErrors(outcome, part, 2); }
+
+private:
+    static void expectErrors(const Outcome& outcome, const std::string& part, int exitCode) {
+        EXPECT_EQ(outcome.exitCode, exitCode);
         EXPECT_EQ(outcome.output, "");
         EXPECT_THAT(outcome.errors, ::testing::StartsWith("camera: "));
         EXPECT_THAT(outcome.errors, ::testing::HasSubstr(part));

@@ -12,7 +12,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/render/CameraView.h"
 #include "host/scene/Mesh.h"
 #include "host/tour/Tour.h"
 #include "tests/host/SeenPicture.h"
@@ -98,16 +97,12 @@ INSTANTIATE_TEST_SUITE_P(Windows, TourInWindow, ::testing::Values(wide, square, 
 
 /// Where the model's corners land by the state's own matrices, worked out on the processor.
 Extents projectedExtents(const Mesh& mesh, const api::camera::PlanarCameraState& camera) {
-    const CameraView view(camera);
     Vec2 least{1e9, 1e9};
     Vec2 most{-1e9, -1e9};
     for (const auto index : mesh.triangles) {
-        const auto position = view.toWindow(mesh.positions[index]);
-        EXPECT_TRUE(position) << "a corner of the model is behind the eye";
-        if (position) {
-            least = {std::min(least.x, position->x), std::min(least.y, position->y)};
-            most = {std::max(most.x, position->x), std::max(most.y, position->y)};
-        }
+        const Vec2 position = Sight(camera).pixelOf(mesh.positions[index]);
+        least = {std::min(least.x, position.x), std::min(least.y, position.y)};
+        most = {std::max(most.x, position.x), std::max(most.y, position.y)};
     }
     const auto pixel = [](double value) { return static_cast<int>(std::floor(value)); };
     return {pixel(least.x), pixel(most.x), pixel(least.y), pixel(most.y)};

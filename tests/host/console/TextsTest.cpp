@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+// What the console writes and reads: numbers, bytes, and JSON of them.
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -10,13 +11,22 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
+#include "host/console/Base64.h"
+#include "host/console/Json.h"
 #include "host/console/NumberText.h"
+#include "tests/host/ErrorOf.h"
 
 namespace qel::host::test {
 namespace {
 
+using namespace std::string_literals;
+using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 std::uint64_t bitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
 
@@ -87,6 +97,77 @@ TEST(ParseNumberList, TakesNumbersBetweenCommasAndNamesThePieceThatIsNone) {
     EXPECT_EQ(parseNumberList("1,,3").wrongPiece, "");
     EXPECT_EQ(parseNumberList("1,2,").wrongPiece, "");
     EXPECT_EQ(parseNumberList("").wrongPiece, "");
+}
+
+// The test vectors of RFC 4648, section 10.
+TEST(Base64, IsThatOfTheStandard) {
+    EXPECT_EQ(toBase64(""), "");
+    EXPECT_EQ(toBase64("f"), "Zg==");
+    EXPECT_EQ(toBase64("fo"), "Zm8=");
+    EXPECT_EQ(toBase64("foo"), "Zm9v");
+    EXPECT_EQ(toBase64("foob"), "Zm9vYg==");
+    EXPECT_EQ(toBase64("fooba"), "Zm9vYmE=");
+    EXPECT_EQ(toBase64("foobar"), "Zm9vYmFy");
+    EXPECT_EQ(toBase64("\xfb\xff\xfe"), "+//+");
+}
+
+TEST(Base64, BringsAllBytesBack) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) {
+        bytes.push_back(static_cast<char>(i));
+    }
+    for (std::size_t size = 0; size <= bytes.size(); ++size) {
+        EXPECT_EQ(fromBase64(toBase64(bytes.substr(0, size))), bytes.substr(0, size)) << size;
+    }
+    EXPECT_EQ(fromBase64("AAA="), "\0\0"s);
+}
+
+TEST(Base64, RefusesWhatIsNotExactlyIt) {
+    for (const char* text : {"Z", "Zg", "Zg=", "Zg===", "=Zg=", "Z===", "====", "Zg==Zg==", "Zm9v\n", "Zm9 ", "Zm9-",
+                             "Zm9_", "Zh==", "Zm9=", "Z\xc3\xa4=="}) {
+        EXPECT_FALSE(fromBase64(text)) << text;
+    }
+}
+
+TEST(Json, IsLaidOutInTheOrderOfMembersWithARowOfAMatrixALine) {
+    EXPECT_EQ(layOut(parseJson(R"({"rows":[[1,0],[0,1]],"vector":[0.5,-1],"text":"a\"b"})")),
+              "{\n"
+              "  \"rows\": [\n"
+              "    [1, 0],\n"
+              "    [0, 1]\n"
+              "  ],\n"
+              "  \"vector\": [0.5, -1],\n"
+              "  \"text\": \"a\\\"b\"\n"
+              "}");
+}
+
+TEST(Json, IsOnOneLineWhereItFits) {
+    EXPECT_EQ(layOut(parseJson(R"({ "a": 1, "b": {"c": [] , "d": null} })")), R"({"a": 1, "b": {"c": [], "d": null}})");
+    EXPECT_EQ(layOut(parseJson("{}")), "{}");
+}
+
+TEST(Json, IsOnLinesOfAHundredColumnsAtMost) {
+    const std::string wide(45, 'x');
+    const std::string text = layOut(parseJson(R"({"a":")" + wide + R"(","b":")" + wide + R"("})"));
+    EXPECT_EQ(text, "{\n  \"a\": \"" + wide + "\",\n  \"b\": \"" + wide + "\"\n}");
+}
+
+TEST(Json, IsWrittenEvenForATextInAForeignEncoding) { EXPECT_EQ(layOut(Json("caf\xe9")), "\"caf\xef\xbf\xbd\""); }
+
+TEST(Json, TellsWhereATextIsNone) {
+    EXPECT_THAT(errorOf<JsonError>([] { parseJson("{\"a\": 1,\n oops}"); }),
+                AllOf(StartsWith("parse error at line 2, column 2"), Not(HasSubstr("json.exception"))));
+    EXPECT_THROW(parseJson(""), JsonError);
+    EXPECT_THROW(parseJson("{} {}"), JsonError);
+    EXPECT_THROW(parseJson("1e999"), JsonError);
+}
+
+TEST(Json, IsDescribedInAFewWords) {
+    EXPECT_EQ(describe(parseJson("[1, 2]")), "a list of 2");
+    EXPECT_EQ(describe(parseJson("{}")), "an empty object");
+    EXPECT_EQ(describe(parseJson(R"({"a": 1, "b": 2})")), "an object of a, b");
+    EXPECT_EQ(describe(parseJson("null")), "null");
+    EXPECT_EQ(describe(Json(std::string(50, 'x'))), std::string("\"").append(39, 'x').append("..."));
 }
 
 } // namespace
