@@ -64,10 +64,8 @@ TEST_F(MeshTest, BoxHoldsWhatIsDrawnAndNoStrayVertex) {
 }
 
 TEST_F(MeshTest, TakesTheModelsOfTheProject) {
-    const Mesh teapot = loadMesh(CAMERA_MODELS "/teapot.obj");
-    EXPECT_EQ(teapot.triangles.size() / 3, 992U);
-    const Mesh bunny = loadMesh(CAMERA_MODELS "/bunny.obj");
-    EXPECT_EQ(bunny.triangles.size() / 3, 3674U);
+    EXPECT_EQ(loadMesh(CAMERA_MODELS "/teapot.obj").triangles.size() / 3, 992U);
+    EXPECT_EQ(loadMesh(CAMERA_MODELS "/bunny.obj").triangles.size() / 3, 3674U);
 }
 
 } // namespace

@@ -82,6 +82,19 @@ TEST_F(NavigatorTest, RotateByTheBackgroundTurnsAboutTheModelsCentre) {
     EXPECT_NEAR(length(sight().eye() - model.centre()), distance, 1e-9);
 }
 
+TEST_F(NavigatorTest, WhatHasNothingToChangeChangesNothing) {
+    navigator.drag(elsewhere); // without a beginning
+    EXPECT_TRUE(navigator.camera() == first);
+    drag(Drag::area, somewhere, somewhere);
+    EXPECT_TRUE(navigator.camera() == first);
+    navigator.resize(0, 0); // an icon
+    EXPECT_TRUE(navigator.camera() == first);
+    navigator.resize(800, 600);
+    EXPECT_TRUE(navigator.camera() == first);
+    EXPECT_THROW(navigator.restore({}), std::runtime_error);
+    EXPECT_TRUE(navigator.camera() == first);
+}
+
 TEST_F(NavigatorTest, ADragThatComesBackChangesNothing) {
     for (const Drag kind : {Drag::rotate, Drag::pan}) {
         navigator.beginDrag(kind, somewhere);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-#include <cmath>
+#include <algorithm>
 #include <optional>
 
 #include <qel/api/camera/States.h>
