@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <utility>
 
+#include <nlohmann/json.hpp>
+
 #include <qel/api/camera/Operations.h>
 
 #include "host/console/CallArguments.h"
@@ -45,7 +47,7 @@ Call prepare(const camera::Operation<Result, Arguments...>& operation, const std
     return [arguments, member = operation.member](camera::CameraAPIIf& service) {
         Result result;
         std::apply([&](const auto&... argument) { (service.*member)(result, argument...); }, *arguments);
-        return CallOutcome{toText(result), result.mResult};
+        return CallOutcome{layOut(toJson(result)), result.mResult};
     };
 }
 

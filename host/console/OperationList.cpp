@@ -54,17 +54,6 @@ std::size_t distance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-} // namespace
-
-std::vector<OperationEntry> operationsLike(const std::string& pattern) {
-    const std::string anywhere = std::string("*").append(lowerCase(pattern)).append("*");
-    auto entries = allOperations();
-    std::erase_if(entries, [&](const OperationEntry& entry) {
-        return fnmatch(anywhere.c_str(), lowerCase(entry.name).c_str(), 0) != 0;
-    });
-    return entries;
-}
-
 std::string signature(const OperationEntry& entry) {
     std::string text(entry.name);
     const char* separator = "(";
@@ -74,6 +63,17 @@ std::string signature(const OperationEntry& entry) {
     }
     text += entry.arguments.empty() ? "()" : ")";
     return text.append(" -> ").append(entry.result);
+}
+
+} // namespace
+
+std::vector<OperationEntry> operationsLike(const std::string& pattern) {
+    const std::string anywhere = std::string("*").append(lowerCase(pattern)).append("*");
+    auto entries = allOperations();
+    std::erase_if(entries, [&](const OperationEntry& entry) {
+        return fnmatch(anywhere.c_str(), lowerCase(entry.name).c_str(), 0) != 0;
+    });
+    return entries;
 }
 
 std::string signatureOf(std::string_view operationName) {

@@ -29,7 +29,6 @@ struct OperationEntry {
 std::vector<OperationEntry> operationsLike(const std::string& pattern);
 
 /// The operation as a person reads it, such as "viewSetEye(state:ViewState, eye:Vector) -> ViewStateResult".
-std::string signature(const OperationEntry& entry);
 std::string signatureOf(std::string_view operationName);
 
 /// The names nearest to one that is none; empty where nothing is near.

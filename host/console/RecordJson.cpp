@@ -159,6 +159,35 @@ constexpr bool hasField(std::string_view name) {
     return found;
 }
 
+/// Whether an object has a name for each field of the record (but optional ones): not yet whether they can be read.
+template <class Record>
+bool hasFieldsOf(const Json& json) {
+    bool all = json.is_object();
+    forEachField<Record>(
+        [&](const auto& field) { all = all && (field.form == Form::optional || json.contains(field.name)); });
+    return all;
+}
+
+/// What a file may hold, most telling names first.
+using KnownRecords = std::tuple<camera::PlanarCameraState, camera::ViewState, camera::ProjectionState,
+                                camera::SurfaceState, camera::Frustum, camera::Viewport>;
+
+template <std::size_t index = 0>
+std::string knownRecord(const Json& json) {
+    if constexpr (index == std::tuple_size_v<KnownRecords>) {
+        return {};
+    } else {
+        using Record = std::tuple_element_t<index, KnownRecords>;
+        return hasFieldsOf<Record>(json) ? FieldTable<Record>::recordName : knownRecord<index + 1>(json);
+    }
+}
+
+/// The name of the record that an object looks like, or what it is otherwise.
+std::string describeRecord(const Json& json) {
+    const std::string name = knownRecord(json);
+    return name.empty() ? describe(json) : name;
+}
+
 /// The value of a result where something else than a result is wanted; results may stand in results.
 template <class Record>
 const Json& payload(const Json& json, const std::string& path) {
@@ -213,43 +242,11 @@ void read(const Json& given, Record& record, const std::string& path) {
     });
 }
 
-/// What a file may hold, most telling names first.
-using KnownRecords = std::tuple<camera::PlanarCameraState, camera::ViewState, camera::ProjectionState,
-                                camera::SurfaceState, camera::Frustum, camera::Viewport>;
-
-template <std::size_t index = 0>
-std::string knownRecord(const Json& json) {
-    if constexpr (index == std::tuple_size_v<KnownRecords>) {
-        return {};
-    } else {
-        using Record = std::tuple_element_t<index, KnownRecords>;
-        return hasFieldsOf<Record>(json) ? FieldTable<Record>::recordName : knownRecord<index + 1>(json);
-    }
-}
-
 } // namespace
-
-template <class Record>
-bool hasFieldsOf(const Json& json) {
-    bool all = json.is_object();
-    forEachField<Record>(
-        [&](const auto& field) { all = all && (field.form == Form::optional || json.contains(field.name)); });
-    return all;
-}
-
-std::string describeRecord(const Json& json) {
-    const std::string name = knownRecord(json);
-    return name.empty() ? describe(json) : name;
-}
 
 template <class Record>
 Json toJson(const Record& record) {
     return write(record);
-}
-
-template <class Record>
-std::string toText(const Record& record) {
-    return layOut(toJson(record));
 }
 
 template <class Record>
@@ -260,11 +257,9 @@ Record fromJson(const Json& json) {
 }
 
 // Here alone, because the folds over all fields take their time to compile.
-#define QEL_HOST_RECORD_JSON(RECORD)                    \
-    template Json toJson<RECORD>(const RECORD&);        \
-    template std::string toText<RECORD>(const RECORD&); \
-    template RECORD fromJson<RECORD>(const Json&);      \
-    template bool hasFieldsOf<RECORD>(const Json&);
+#define QEL_HOST_RECORD_JSON(RECORD)             \
+    template Json toJson<RECORD>(const RECORD&); \
+    template RECORD fromJson<RECORD>(const Json&);
 
 QEL_HOST_RECORD_JSON(api::base::ServiceResult)
 QEL_HOST_RECORD_JSON(camera::Vector)

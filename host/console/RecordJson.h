@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-
 #include <nlohmann/json_fwd.hpp>
 
 #include <qel/api/camera/Results.h>
@@ -19,21 +17,10 @@ namespace qel::host {
 template <class Record>
 Json toJson(const Record& record);
 
-/// The same, laid out.
-template <class Record>
-std::string toText(const Record& record);
-
 /// Reads what toJson writes, bit for bit, and raises the set-flag of each field. All fields but optional ones must be
 /// there, and no others. Where a record is wanted, a result that holds such a record in its mValue serves too, unless
 /// it is that of a call that failed. Throws JsonError, which names the field.
 template <class Record>
 Record fromJson(const Json& json);
-
-/// Whether an object has a name for each field of the record (but optional ones): not yet whether they can be read.
-template <class Record>
-bool hasFieldsOf(const Json& json);
-
-/// The name of the state or result record that an object looks like, or what it is otherwise.
-std::string describeRecord(const Json& json);
 
 } // namespace qel::host

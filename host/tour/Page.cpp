@@ -31,6 +31,18 @@ std::string lengthOf(const std::string& blob) {
     return std::to_string(blob.size()).append(" bytes>").insert(0, 1, '<');
 }
 
+/// The record's text, with the length of each opaque blob in its place.
+std::string readableText(const camera::PlanarCameraState& state) {
+    camera::PlanarCameraState readable = state;
+    readable.mPrivate = lengthOf(state.mPrivate);
+    readable.mViewState.mPrivate = lengthOf(state.mViewState.mPrivate);
+    readable.mProjectionState.mPrivate = lengthOf(state.mProjectionState.mPrivate);
+    readable.mSurfaceState.mPrivate = lengthOf(state.mSurfaceState.mPrivate);
+    std::ostringstream text;
+    text << readable;
+    return text.str();
+}
+
 std::string list(const std::vector<double>& values) {
     std::string text;
     for (const double value : values) {
@@ -94,17 +106,6 @@ bool beginsChapter(const std::vector<Shot>& shots, std::size_t index) {
 }
 
 } // namespace
-
-std::string readableText(const camera::PlanarCameraState& state) {
-    camera::PlanarCameraState readable = state;
-    readable.mPrivate = lengthOf(state.mPrivate);
-    readable.mViewState.mPrivate = lengthOf(state.mViewState.mPrivate);
-    readable.mProjectionState.mPrivate = lengthOf(state.mProjectionState.mPrivate);
-    readable.mSurfaceState.mPrivate = lengthOf(state.mSurfaceState.mPrivate);
-    std::ostringstream text;
-    text << readable;
-    return text.str();
-}
 
 std::string makePage(const PageHead& head, const std::vector<Shot>& shots) {
     std::ostringstream out;

@@ -32,9 +32,6 @@ struct PageHead {
     std::vector<std::pair<std::string, std::string>> facts;
 };
 
-/// The record's text, with the length of each opaque blob in its place.
-std::string readableText(const api::camera::PlanarCameraState& state);
-
 /// One page of HTML that needs nothing but the pictures beside it.
 std::string makePage(const PageHead& head, const std::vector<Shot>& shots);
 

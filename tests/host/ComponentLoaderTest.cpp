@@ -17,7 +17,6 @@
 namespace qel::host {
 namespace {
 
-using test::TemporaryFolder;
 using ::testing::HasSubstr;
 
 static_assert(std::is_nothrow_move_constructible_v<ComponentLoader>);
@@ -53,42 +52,38 @@ std::string nameOf(const ComponentLoader& loader) {
     return result.mValue;
 }
 
-/// A module file of its own for a test, so that it is mapped apart from the others.
-std::filesystem::path copyOfModule(const TemporaryFolder& folder, const std::string& name) {
-    std::filesystem::copy_file(module, folder / name);
-    return folder / name;
-}
+class ComponentLoaderTest : public test::FolderTest {
+protected:
+    /// A module file of the test's own, so that it is mapped apart from the others.
+    std::filesystem::path copyOfModule() const {
+        std::filesystem::copy_file(module, folder / "Other.so");
+        return folder / "Other.so";
+    }
+};
 
-TEST(ComponentLoader, GivesTheServicesOfTheModule) {
-    const ComponentLoader loader(module);
-    EXPECT_EQ(nameOf(loader), "CameraAPI");
-    api::camera::PlanarCameraStateResult camera;
-    loader.camera().planarCameraCreateDefault(camera);
-    EXPECT_EQ(camera.mResult.mError, 0);
-    EXPECT_EQ(camera.mValue.mSurfaceState.mResolutionX, 640.0);
-}
-
-TEST(ComponentLoader, UnloadsTheModuleAtItsEnd) {
+TEST_F(ComponentLoaderTest, GivesTheServicesOfTheModuleAndUnloadsItAtItsEnd) {
     ASSERT_FALSE(isMapped(module)) << "the test must not link the module";
     {
         const ComponentLoader loader(module);
+        EXPECT_EQ(nameOf(loader), "CameraAPI");
         api::camera::PlanarCameraStateResult camera;
         loader.camera().planarCameraCreateDefault(camera);
+        EXPECT_EQ(camera.mResult.mError, 0);
+        EXPECT_EQ(camera.mValue.mSurfaceState.mResolutionX, 640.0);
         EXPECT_TRUE(isMapped(module));
     }
     EXPECT_FALSE(isMapped(module));
 }
 
-TEST(ComponentLoader, FindsAModuleInTheCurrentFolder) {
-    const TemporaryFolder folder;
-    copyOfModule(folder, "Camera.so");
+TEST_F(ComponentLoaderTest, FindsAModuleInTheCurrentFolder) {
+    copyOfModule();
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder.path());
-    EXPECT_FALSE(errorOf("Camera.so"));
+    EXPECT_FALSE(errorOf("Other.so"));
     std::filesystem::current_path(before);
 }
 
-TEST(ComponentLoader, TwoOfOneFileShareItUntilTheLastIsGone) {
+TEST_F(ComponentLoaderTest, TwoOfOneFileShareItUntilTheLastIsGone) {
     std::optional<ComponentLoader> first(std::in_place, module);
     const ComponentLoader second(module);
     EXPECT_NE(&first->camera(), &second.camera());
@@ -97,9 +92,8 @@ TEST(ComponentLoader, TwoOfOneFileShareItUntilTheLastIsGone) {
     EXPECT_EQ(nameOf(second), "CameraAPI");
 }
 
-TEST(ComponentLoader, TwoOfDifferentFilesLiveTogether) {
-    const TemporaryFolder folder;
-    const auto other = copyOfModule(folder, "Other.so");
+TEST_F(ComponentLoaderTest, TwoOfDifferentFilesLiveTogether) {
+    const auto other = copyOfModule();
     std::optional<ComponentLoader> first(std::in_place, module);
     const ComponentLoader second(other);
     api::camera::PlanarCameraStateResult a;
@@ -113,7 +107,7 @@ TEST(ComponentLoader, TwoOfDifferentFilesLiveTogether) {
     EXPECT_EQ(nameOf(second), "CameraAPI");
 }
 
-TEST(ComponentLoader, IsMovedWithTheServicesWhereTheyAre) {
+TEST_F(ComponentLoaderTest, IsMovedWithTheServicesWhereTheyAre) {
     ComponentLoader source(module);
     const auto* camera = &source.camera();
     const ComponentLoader target(std::move(source));
@@ -121,9 +115,8 @@ TEST(ComponentLoader, IsMovedWithTheServicesWhereTheyAre) {
     EXPECT_EQ(nameOf(target), "CameraAPI");
 }
 
-TEST(ComponentLoader, DeletesItsInstanceBeforeItsModuleWhenItIsAssigned) {
-    const TemporaryFolder folder;
-    const auto other = copyOfModule(folder, "Other.so");
+TEST_F(ComponentLoaderTest, DeletesItsInstanceBeforeItsModuleWhenItIsAssigned) {
+    const auto other = copyOfModule();
     ComponentLoader target(module);
     ComponentLoader source(other);
     target = std::move(source); // the old instance's destructor is code of the old module
@@ -132,21 +125,14 @@ TEST(ComponentLoader, DeletesItsInstanceBeforeItsModuleWhenItIsAssigned) {
     EXPECT_EQ(nameOf(target), "CameraAPI");
 }
 
-TEST(ComponentLoader, SurvivesAssignmentToItself) {
+TEST_F(ComponentLoaderTest, SurvivesAssignmentToItself) {
     ComponentLoader loader(module);
     ComponentLoader& same = loader;
     loader = std::move(same);
     EXPECT_EQ(nameOf(loader), "CameraAPI");
 }
 
-TEST(ComponentLoader, TellsAMissingFile) {
-    const auto error = errorOf("/nowhere/CameraLibrary.so");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->reason(), LoadError::Reason::missingFile);
-    EXPECT_STREQ(error->what(), "/nowhere/CameraLibrary.so: no such file");
-}
-
-/// A module that is wrong in one way, and how that is told.
+/// A module that is wrong in one way, or is not there, and how that is told.
 struct WrongModule {
     const char* name;
     LoadError::Reason reason;
@@ -158,6 +144,7 @@ class WrongModules : public ::testing::TestWithParam<WrongModule> {};
 INSTANTIATE_TEST_SUITE_P(
     ComponentLoader, WrongModules,
     ::testing::Values(
+        WrongModule{"Missing", LoadError::Reason::missingFile, "no such file"},
         WrongModule{"NoFactory", LoadError::Reason::missingSymbol, "does not export createComponentInstance"},
         WrongModule{"NullInstance", LoadError::Reason::noInstance, "the factory returned no instance"},
         WrongModule{"ThrowingFactory", LoadError::Reason::noInstance, "the factory threw: the fixture's own words"},
@@ -173,8 +160,7 @@ TEST_P(WrongModules, AreToldAndNotKept) {
     EXPECT_FALSE(isMapped(file));
 }
 
-TEST(ComponentLoader, TellsAFileThatIsNoModule) {
-    const TemporaryFolder folder;
+TEST_F(ComponentLoaderTest, TellsAFileThatIsNoModule) {
     const auto file = folder.write("Text.so", "These are words.\n");
     const auto error = errorOf(file);
     ASSERT_TRUE(error);

@@ -6,43 +6,34 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/Desktop.h"
+#include "tests/host/SeenPicture.h"
 
 namespace qel::host::test {
 namespace {
 
-constexpr unsigned int left = 1;
-constexpr unsigned int right = 3;
-
-struct Place {
-    int x = 0;
-    int y = 0; ///< from below
-};
+int brightness(const std::uint8_t* pixel) { return pixel[0] + pixel[1] + pixel[2]; }
 
 /// The cube's corner where x, y and z are 1 is white, and nothing else is.
-std::optional<Place> whiteCorner(const Picture& picture) {
-    std::optional<Place> place;
+std::optional<Pixel> whiteCorner(const Picture& picture) {
+    std::optional<Pixel> place;
     int whitest = 750;
-    for (int row = 0; row < picture.height; ++row) {
-        for (int column = 0; column < picture.width; ++column) {
-            const std::uint8_t* pixel = picture.at(column, row);
-            if (const int sum = pixel[0] + pixel[1] + pixel[2]; sum > whitest) {
-                whitest = sum;
-                place = {column, picture.height - 1 - row};
-            }
+    SeenPicture(picture).forEachPixel([&](Pixel at, const std::uint8_t* bytes) {
+        if (brightness(bytes) > whitest) {
+            whitest = brightness(bytes);
+            place = at;
         }
-    }
+    });
     return place;
 }
 
 int countCube(const Picture& picture) {
     int count = 0;
-    for (std::size_t i = 0; i < picture.bytes.size(); i += 4) {
-        count += picture.bytes[i] + picture.bytes[i + 1] + picture.bytes[i + 2] > 0 ? 1 : 0;
-    }
+    SeenPicture(picture).forEachPixel(
+        [&](Pixel, const std::uint8_t* bytes) { count += brightness(bytes) > 0 ? 1 : 0; });
     return count;
 }
 
-bool isNear(std::optional<Place> place, int x, int y) {
+bool isNear(std::optional<Pixel> place, int x, int y) {
     return place && std::abs(place->x - x) <= 1 && std::abs(place->y - y) <= 1;
 }
 
@@ -50,13 +41,13 @@ class Cube : public ::testing::Test {
 protected:
     Desktop desktop{{CAMERA_CUBE, CAMERA_MODULE}};
     Picture first = desktop.waitFor([](const Picture& picture) { return whiteCorner(picture).has_value(); });
-    Place corner = *whiteCorner(first);
+    Pixel corner = *whiteCorner(first);
 };
 
 TEST_F(Cube, IsSeenInFullAndLargeAtFirst) {
     // Black around it, and a good part of the window not.
     for (int column = 0; column < first.width; ++column) {
-        EXPECT_EQ(first.at(column, 0)[0] + first.at(column, 0)[1] + first.at(column, 0)[2], 0);
+        EXPECT_EQ(brightness(first.at(column, 0)), 0);
     }
     EXPECT_GT(countCube(first), first.width * first.height / 5);
 }

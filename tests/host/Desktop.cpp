@@ -33,52 +33,56 @@ int openForWriting(const std::filesystem::path& file) {
 
 } // namespace
 
-Process::Process(const std::vector<std::string>& command, const Environment& environment,
-                 const std::filesystem::path& output, const std::filesystem::path& errors)
-    : mId(fork()) {
-    if (mId < 0) {
-        throw std::runtime_error("no further process");
+/// A program that does not outlive this object.
+class Desktop::Process {
+public:
+    /// What the program says goes to the two files.
+    Process(const std::vector<std::string>& command, const std::filesystem::path& output,
+            const std::filesystem::path& errors)
+        : mId(fork()) {
+        if (mId < 0) {
+            throw std::runtime_error("no further process");
+        }
+        if (mId > 0) {
+            return;
+        }
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        dup2(openForWriting(output), STDOUT_FILENO);
+        dup2(openForWriting(errors), STDERR_FILENO);
+        std::vector<char*> arguments;
+        for (const std::string& argument : command) {
+            arguments.push_back(const_cast<char*>(argument.c_str()));
+        }
+        arguments.push_back(nullptr);
+        execvp(arguments[0], arguments.data());
+        _exit(127); // as a shell does
     }
-    if (mId > 0) {
-        return;
+    ~Process() {
+        if (isRunning()) {
+            kill(mId, SIGTERM); // which lets a display put its files away
+            wait();
+        }
     }
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    dup2(openForWriting(output), STDOUT_FILENO);
-    dup2(openForWriting(errors), STDERR_FILENO);
-    for (const std::string& variable : environment) {
-        putenv(const_cast<char*>(variable.c_str()));
-    }
-    std::vector<char*> arguments;
-    for (const std::string& argument : command) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    }
-    arguments.push_back(nullptr);
-    execvp(arguments[0], arguments.data());
-    _exit(127); // as a shell does
-}
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
 
-Process::~Process() {
-    if (isRunning()) {
-        kill(mId, SIGTERM); // which lets a display put its files away
-        wait();
+    bool isRunning() { return isRunning(WNOHANG); }
+    /// Waits for its end and gives its exit code; -1 where a signal ended it.
+    int wait() {
+        isRunning(0);
+        return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : -1;
     }
-}
 
-void Process::reap(int options) {
-    if (mRunning && waitpid(mId, &mStatus, options) == mId) {
-        mRunning = false;
+private:
+    bool isRunning(int options) {
+        mRunning = mRunning && waitpid(mId, &mStatus, options) != mId;
+        return mRunning;
     }
-}
 
-bool Process::isRunning() {
-    reap(WNOHANG);
-    return mRunning;
-}
-
-int Process::wait() {
-    reap(0);
-    return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : -1;
-}
+    pid_t mId;
+    bool mRunning = true;
+    int mStatus = 0;
+};
 
 struct Desktop::Connection {
     Display* display = nullptr;
@@ -117,6 +121,10 @@ struct Desktop::Connection {
         XTestFakeKeyEvent(display, XKeysymToKeycode(display, symbol), down ? True : False, CurrentTime);
         XFlush(display);
     }
+    void button(unsigned int number, bool down) {
+        XTestFakeButtonEvent(display, number, down ? True : False, CurrentTime);
+        XFlush(display);
+    }
 };
 
 Desktop::Desktop(const std::vector<std::string>& command) {
@@ -127,10 +135,9 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     }
     fcntl(pipe[0], F_SETFD, FD_CLOEXEC);
     const std::string screen = std::to_string(screenWidth) + "x" + std::to_string(screenHeight) + "x24";
-    mServer =
-        std::make_unique<Process>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen",
-                                                           "0", screen, "-nolisten", "tcp", "-noreset"},
-                                  Process::Environment{}, mFolder / "server-output", mFolder / "server-errors");
+    const std::vector<std::string> server{
+        "Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", screen, "-nolisten", "tcp", "-noreset"};
+    mServer = std::make_unique<Process>(server, mFolder / "server-output", mFolder / "server-errors");
     ::close(pipe[1]);
     std::string name = ":";
     for (char letter = 0; read(pipe[0], &letter, 1) == 1 && letter != '\n';) {
@@ -145,17 +152,16 @@ Desktop::Desktop(const std::vector<std::string>& command) {
     // The pointer waits where no window appears, so that nothing happens that the test does not do.
     XTestFakeMotionEvent(mConnection->display, 0, screenWidth - 1, screenHeight - 1, CurrentTime);
     XSync(mConnection->display, False);
-    mProgram = std::make_unique<Process>(command, Process::Environment{"DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"},
-                                         mFolder / "output", mFolder / "errors");
+    std::vector<std::string> program{"env", "DISPLAY=" + name, "LIBGL_ALWAYS_SOFTWARE=1"};
+    program.insert(program.end(), command.begin(), command.end());
+    mProgram = std::make_unique<Process>(program, mFolder / "output", mFolder / "errors");
     waitUntil([this] { return mConnection->findWindow(); });
     // Without a window manager nobody else says where the keys go, but the window itself, a little later.
     XSetInputFocus(mConnection->display, mConnection->window, RevertToParent, CurrentTime);
     XSync(mConnection->display, False);
 }
 
-Desktop::~Desktop() {
-    mProgram.reset(); // before what it is drawn on
-}
+Desktop::~Desktop() = default;
 
 void Desktop::move(int x, int y) {
     int screenX = 0;
@@ -167,15 +173,9 @@ void Desktop::move(int x, int y) {
     XFlush(mConnection->display);
 }
 
-void Desktop::press(unsigned int button) {
-    XTestFakeButtonEvent(mConnection->display, button, True, CurrentTime);
-    XFlush(mConnection->display);
-}
+void Desktop::press(unsigned int button) { mConnection->button(button, true); }
 
-void Desktop::release(unsigned int button) {
-    XTestFakeButtonEvent(mConnection->display, button, False, CurrentTime);
-    XFlush(mConnection->display);
-}
+void Desktop::release(unsigned int button) { mConnection->button(button, false); }
 
 void Desktop::drag(unsigned int button, int fromX, int fromY, int toX, int toY) {
     constexpr int steps = 4;
@@ -201,14 +201,10 @@ void Desktop::holdShift(bool down) { mConnection->key(XK_Shift_L, down); }
 void Desktop::type(char character) {
     const bool shift = character == '?';
     const KeySym symbol = shift ? XK_slash : static_cast<KeySym>(character); // Latin letters are their own symbols
-    if (shift) {
-        holdShift(true);
-    }
+    holdShift(shift);
     mConnection->key(symbol, true);
     mConnection->key(symbol, false);
-    if (shift) {
-        holdShift(false);
-    }
+    holdShift(false);
 }
 
 void Desktop::resize(int width, int height) {

@@ -7,37 +7,14 @@
 #include <string>
 #include <vector>
 
-#include <sys/types.h>
-
 #include "host/render/Picture.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 
-/// A program started by a test, which does not outlive it.
-class Process {
-public:
-    using Environment = std::vector<std::string>; ///< NAME=value each, over those of the test
-
-    /// What the program says goes to the two files.
-    Process(const std::vector<std::string>& command, const Environment& environment,
-            const std::filesystem::path& output, const std::filesystem::path& errors);
-    ~Process();
-
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-
-    [[nodiscard]] bool isRunning();
-    /// Waits for its end and gives its exit code; -1 where a signal ended it.
-    int wait();
-
-private:
-    void reap(int options);
-
-    pid_t mId;
-    bool mRunning = true;
-    int mStatus = 0;
-};
+inline constexpr unsigned int left = 1; ///< a mouse's buttons
+inline constexpr unsigned int middle = 2;
+inline constexpr unsigned int right = 3;
 
 /// A display of its own, without a window manager, and one program in its one window. The events come from the display,
 /// as they do when a person makes them, and in the order of the calls. Positions are pixels of the window, (0, 0) the
@@ -76,8 +53,10 @@ public:
     [[nodiscard]] std::string errors() const { return readText(mFolder / "errors"); }
 
 private:
+    class Process;
     struct Connection;
 
+    // The program goes before what it is drawn on.
     TemporaryFolder mFolder;
     std::unique_ptr<Process> mServer;
     std::unique_ptr<Connection> mConnection;

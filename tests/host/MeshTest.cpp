@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/host/ErrorOf.h"
 #include "tests/host/ModelFiles.h"
 #include "tests/host/TemporaryFolder.h"
 
@@ -15,22 +16,18 @@ namespace {
 
 using ::testing::HasSubstr;
 
-std::string errorOf(const std::filesystem::path& file) {
-    try {
-        loadMesh(file);
-    } catch (const ModelError& error) {
-        return error.what();
-    }
-    return {};
+std::string errorOfLoading(const std::filesystem::path& file) {
+    return errorOf<ModelError>([&] { loadMesh(file); });
 }
 
-class MeshFormat : public ::testing::TestWithParam<ModelFile> {};
+using MeshTest = FolderTest;
+
+class MeshFormat : public FolderTest, public ::testing::WithParamInterface<ModelFile> {};
 
 INSTANTIATE_TEST_SUITE_P(Good, MeshFormat, ::testing::ValuesIn(goodModels()),
                          [](const auto& parameter) { return parameter.param.test; });
 
 TEST_P(MeshFormat, IsRead) {
-    const TemporaryFolder folder;
     const Mesh mesh = loadMesh(folder.write(GetParam().name, GetParam().content));
     EXPECT_EQ(mesh.triangles.size(), 12U) << "the four triangles of a tetrahedron";
     EXPECT_EQ(mesh.box.minimum, (Vec3{0, 0, 0}));
@@ -43,38 +40,32 @@ TEST_P(MeshFormat, IsRead) {
     }
 }
 
-class BrokenModel : public ::testing::TestWithParam<ModelFile> {};
+using BrokenModel = MeshFormat;
 
 INSTANTIATE_TEST_SUITE_P(Broken, BrokenModel, ::testing::ValuesIn(brokenModels()),
                          [](const auto& parameter) { return parameter.param.test; });
 
 TEST_P(BrokenModel, IsRefusedInOneLineThatNamesTheFile) {
-    const TemporaryFolder folder;
     const auto file = folder.write(GetParam().name, GetParam().content);
-    const std::string error = errorOf(file);
+    const std::string error = errorOfLoading(file);
     EXPECT_THAT(error, HasSubstr(file.string() + ": "));
     EXPECT_THAT(error, HasSubstr(GetParam().problem));
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
 }
 
-TEST(Mesh, IsNotReadFromNowhere) { EXPECT_EQ(errorOf("/nowhere/model.obj"), "/nowhere/model.obj: no such file"); }
-
-TEST(Mesh, IsNotReadFromAFolder) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(errorOf(folder.path()), folder.path().string() + ": not a file");
+TEST_F(MeshTest, IsNotReadFromNowhereOrFromAFolder) {
+    EXPECT_EQ(errorOfLoading("/nowhere/model.obj"), "/nowhere/model.obj: no such file");
+    EXPECT_EQ(errorOfLoading(folder.path()), folder.path().string() + ": not a file");
 }
 
-TEST(Mesh, BoxHoldsWhatIsDrawnAndNoStrayVertex) {
-    const TemporaryFolder folder;
+TEST_F(MeshTest, BoxHoldsWhatIsDrawnAndNoStrayVertex) {
     const Mesh mesh = loadMesh(folder.write("stray.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 90 90 90\nf 1 2 3\n"));
     EXPECT_EQ(mesh.box.maximum, (Vec3{1, 1, 0}));
 }
 
-TEST(Mesh, TakesTheModelsOfTheProject) {
-    const Mesh teapot = loadMesh(CAMERA_MODELS "/teapot.obj");
-    EXPECT_EQ(teapot.triangles.size() / 3, 992U);
-    const Mesh bunny = loadMesh(CAMERA_MODELS "/bunny.obj");
-    EXPECT_EQ(bunny.triangles.size() / 3, 3674U);
+TEST_F(MeshTest, TakesTheModelsOfTheProject) {
+    EXPECT_EQ(loadMesh(CAMERA_MODELS "/teapot.obj").triangles.size() / 3, 992U);
+    EXPECT_EQ(loadMesh(CAMERA_MODELS "/bunny.obj").triangles.size() / 3, 3674U);
 }
 
 } // namespace

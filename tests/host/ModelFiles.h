@@ -16,6 +16,12 @@ struct ModelFile {
 
 inline void PrintTo(const ModelFile& file, std::ostream* out) { *out << file.name; }
 
+inline std::string plyHeader(int vertices, int faces) {
+    return "ply\nformat ascii 1.0\nelement vertex " + std::to_string(vertices) +
+           "\nproperty float x\nproperty float y\nproperty float z\nelement face " + std::to_string(faces) +
+           "\nproperty list uchar int vertex_indices\nend_header\n";
+}
+
 /// A tetrahedron from (0, 0, 0) to (1, 2, 3), in each of the formats that are promised.
 inline std::vector<ModelFile> goodModels() {
     const std::string facet = "facet normal 0 0 0\nouter loop\n";
@@ -26,11 +32,7 @@ inline std::vector<ModelFile> goodModels() {
     const std::string z = "vertex 0 0 3\n";
     return {
         {"Obj", "model.obj", "v 0 0 0\nv 1 0 0\nv 0 2 0\nv 0 0 3\nf 1 3 2\nf 1 2 4\nf 1 4 3\nf 2 3 4\n", ""},
-        {"Ply", "model.ply",
-         "ply\nformat ascii 1.0\nelement vertex 4\nproperty float x\nproperty float y\nproperty float z\n"
-         "element face 4\nproperty list uchar int vertex_indices\nend_header\n"
-         "0 0 0\n1 0 0\n0 2 0\n0 0 3\n3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n",
-         ""},
+        {"Ply", "model.ply", plyHeader(4, 4) + "0 0 0\n1 0 0\n0 2 0\n0 0 3\n3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n", ""},
         {"Stl", "model.stl",
          "solid tetrahedron\n" + facet + o + y + x + end + facet + o + x + z + end + facet + o + z + y + end + facet +
              x + y + z + end + "endsolid\n",
@@ -65,13 +67,8 @@ inline std::vector<ModelFile> brokenModels() {
         {"OnePoint", "point.obj", "v 1 1 1\nv 1 1 1\nv 1 1 1\nf 1 2 3\n", noExtent},
         {"TooSmall", "small.obj", "v 0 0 0\nv 1e-8 0 0\nv 0 1e-8 0\nf 1 2 3\n", noExtent},
         {"UnknownCorner", "corner.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 7\n", "out of range"},
-        {"CutPly", "cut.ply",
-         "ply\nformat ascii 1.0\nelement vertex 4\nproperty float x\nproperty float y\nproperty float z\n"
-         "element face 4\nproperty list uchar int vertex_indices\nend_header\n0 0 0\n1 0",
-         ""},
-        {"PlyWithUnknownCorner", "corner.ply",
-         "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\nproperty float z\n"
-         "element face 1\nproperty list uchar int vertex_indices\nend_header\n0 0 0\n1 0 0\n0 1 0\n3 0 1 99999\n",
+        {"CutPly", "cut.ply", plyHeader(4, 4) + "0 0 0\n1 0", ""},
+        {"PlyWithUnknownCorner", "corner.ply", plyHeader(3, 1) + "0 0 0\n1 0 0\n0 1 0\n3 0 1 99999\n",
          "names a vertex that does not exist"},
         {"CutStl", "cut.stl", std::string(80, ' ') + std::string("\x10\x27\0\0", 4) + std::string(20, '\0'), ""},
         {"CutGltf", "cut.gltf", R"({"asset":{"version":"2.0"},"meshes":[{)", unread},

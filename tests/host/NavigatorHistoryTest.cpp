@@ -8,156 +8,138 @@
 namespace qel::host::test {
 namespace {
 
-using NavigatorHistoryTest = NavigatorFixture;
+class NavigatorHistoryTest : public NavigatorFixture {
+protected:
+    using State = Navigator::State;
+
+    State zoomed(Pixel at, double turns) {
+        navigator.zoom(at, turns);
+        return navigator.camera();
+    }
+    /// A drag from somewhere to elsewhere that goes on.
+    State dragged(Drag kind = Drag::pan) {
+        navigator.beginDrag(kind, somewhere);
+        navigator.drag(elsewhere);
+        return navigator.camera();
+    }
+    const State& undone() {
+        navigator.undo();
+        return navigator.camera();
+    }
+    const State& redone() {
+        navigator.redo();
+        return navigator.camera();
+    }
+};
 
 TEST_F(NavigatorHistoryTest, ZoomingOnAtAPixelIsOneStepOfTheHistory) {
-    const auto first = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
-    navigator.zoom(somewhere, 1.0);
-    navigator.zoom(somewhere, -3.0);
-    const auto second = navigator.camera();
-    navigator.zoom(elsewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == second);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == second);
+    zoomed(somewhere, 1.0);
+    zoomed(somewhere, 1.0);
+    const State second = zoomed(somewhere, -3.0);
+    zoomed(elsewhere, 1.0);
+    EXPECT_TRUE(undone() == second);
+    EXPECT_TRUE(undone() == first);
+    EXPECT_TRUE(redone() == second);
 }
 
 TEST_F(NavigatorHistoryTest, ZoomingAfterSomethingElseIsAStepOfItsOwn) {
-    navigator.zoom(somewhere, 1.0);
+    zoomed(somewhere, 1.0);
     navigator.look({0, 0, -1}, {0, 1, 0});
-    const auto looked = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
-    const auto zoomed = navigator.camera();
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == looked);
+    const State looked = navigator.camera();
+    const State second = zoomed(somewhere, 1.0);
+    EXPECT_TRUE(undone() == looked);
     navigator.redo();
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == zoomed);
+    zoomed(somewhere, 1.0);
+    EXPECT_TRUE(undone() == second);
 }
 
 TEST_F(NavigatorHistoryTest, ZoomingDuringADragIsNoPartOfAZoomBefore) {
-    navigator.zoom(somewhere, 1.0);
-    const auto zoomed = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    navigator.zoom(somewhere, 1.0);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == zoomed);
+    const State before = zoomed(somewhere, 1.0);
+    dragged();
+    zoomed(somewhere, 1.0);
+    EXPECT_TRUE(undone() == before);
 }
 
 TEST_F(NavigatorHistoryTest, UndoAndRedoGiveTheSameBits) {
-    const auto first = navigator.camera();
     drag(Drag::rotate, somewhere, elsewhere);
-    const auto second = navigator.camera();
-    navigator.zoom(elsewhere, 1.0);
-    const auto third = navigator.camera();
-
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == second);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
+    const State second = navigator.camera();
+    const State third = zoomed(elsewhere, 1.0);
+    EXPECT_TRUE(undone() == second);
+    EXPECT_TRUE(undone() == first);
+    EXPECT_TRUE(undone() == first) << "there is nothing before";
     navigator.redo();
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == third);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == third);
+    EXPECT_TRUE(redone() == third);
+    EXPECT_TRUE(redone() == third) << "there is nothing after";
 }
 
 TEST_F(NavigatorHistoryTest, WhatIsDoneAfterAnUndoReplacesWhatWasUndone) {
-    navigator.zoom(somewhere, 1.0);
+    zoomed(somewhere, 1.0);
     navigator.undo();
-    navigator.zoom(elsewhere, -1.0);
-    const auto last = navigator.camera();
+    const State last = zoomed(elsewhere, -1.0);
     navigator.undo();
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == last);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == last);
+    EXPECT_TRUE(redone() == last);
+    EXPECT_TRUE(redone() == last);
 }
 
 TEST_F(NavigatorHistoryTest, UndoKeepsTheWindowsSizeAndTheScaleOfThen) {
     const Vec2 before = sight().extentOfPixel();
-    navigator.zoom(somewhere, 1.0);
+    zoomed(somewhere, 1.0);
     navigator.resize(1000, 450);
-    navigator.undo();
-    EXPECT_EQ(navigator.camera().mSurfaceState.mResolutionX, 1000);
+    EXPECT_EQ(undone().mSurfaceState.mResolutionX, 1000);
     EXPECT_NEAR(sight().extentOfPixel().x, before.x, 1e-15);
     EXPECT_NEAR(sight().extentOfPixel().y, before.y, 1e-15);
 }
 
 TEST_F(NavigatorHistoryTest, WhateverElseIsDoneEndsADragWhereItIs) {
-    const auto first = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
+    dragged();
     const Vec3 point = sight().pointAtDepth(place(elsewhere), depth);
-    navigator.zoom(elsewhere, 1.0);
+    const State after = zoomed(elsewhere, 1.0);
     EXPECT_EQ(navigator.dragged(), std::nullopt);
-    const auto zoomed = navigator.camera();
     navigator.drag(somewhere);
     navigator.endDrag(somewhere);
-    EXPECT_TRUE(navigator.camera() == zoomed);
+    EXPECT_TRUE(navigator.camera() == after);
     expectSeenAt(point, elsewhere);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
+    EXPECT_TRUE(undone() == first);
 }
 
 TEST_F(NavigatorHistoryTest, UndoDuringADragTakesBackThatDragAlone) {
     drag(Drag::rotate, somewhere, elsewhere);
-    const auto before = navigator.camera();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    const auto dragged = navigator.camera();
-    navigator.undo();
+    const State before = navigator.camera();
+    const State after = dragged();
+    EXPECT_TRUE(undone() == before);
     EXPECT_EQ(navigator.dragged(), std::nullopt);
-    EXPECT_TRUE(navigator.camera() == before);
     navigator.drag(somewhere);
     navigator.endDrag(somewhere);
     EXPECT_TRUE(navigator.camera() == before);
-    navigator.redo();
-    EXPECT_TRUE(navigator.camera() == dragged);
+    EXPECT_TRUE(redone() == after);
 }
 
 TEST_F(NavigatorHistoryTest, UndoDuringADragThatChangedNothingEndsIt) {
     drag(Drag::rotate, somewhere, elsewhere);
-    const auto before = navigator.camera();
+    const State before = navigator.camera();
     for (const Drag kind : {Drag::area, Drag::pan}) {
         navigator.beginDrag(kind, somewhere);
-        navigator.undo();
+        EXPECT_TRUE(undone() == before);
         EXPECT_EQ(navigator.dragged(), std::nullopt);
-        EXPECT_TRUE(navigator.camera() == before);
     }
 }
 
 TEST_F(NavigatorHistoryTest, RedoDuringADragKeepsWhatWasDragged) {
-    const auto first = navigator.camera();
-    navigator.zoom(somewhere, 1.0);
+    zoomed(somewhere, 1.0);
     navigator.undo();
-    navigator.beginDrag(Drag::pan, somewhere);
-    navigator.drag(elsewhere);
-    const auto dragged = navigator.camera();
-    navigator.redo();
+    const State after = dragged();
+    EXPECT_TRUE(redone() == after);
     EXPECT_EQ(navigator.dragged(), std::nullopt);
-    EXPECT_TRUE(navigator.camera() == dragged);
-    navigator.undo();
-    EXPECT_TRUE(navigator.camera() == first);
+    EXPECT_TRUE(undone() == first);
 }
 
 TEST_F(NavigatorHistoryTest, ResizingDuringADragKeepsWhatWasDragged) {
-    const auto first = navigator.camera();
-    navigator.beginDrag(Drag::rotate, somewhere);
-    navigator.drag(elsewhere);
+    dragged(Drag::rotate);
     const Vec3 direction = sight().direction();
     navigator.resize(1000, 450);
     EXPECT_EQ(navigator.dragged(), std::nullopt);
     EXPECT_NEAR(length(sight().direction() - direction), 0.0, 1e-12);
-    navigator.undo();
-    EXPECT_NEAR(length(sight().direction() - Sight(first).direction()), 0.0, 1e-12);
+    EXPECT_NEAR(length(Sight(undone()).direction() - Sight(first).direction()), 0.0, 1e-12);
 }
 
 } // namespace

@@ -1,157 +1,129 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/tour/OutputFolder.h"
 
-#include <optional>
+#include <map>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/tour/Page.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using Content = std::map<std::string, std::string>;
 
 const std::string page = "<head>" + std::string(pageGenerator) + "</head>";
+const Content onePage{{"index.html", page}};
 
-void writeFile(const std::filesystem::path& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-}
+class OutputFolderTest : public FolderTest {
+protected:
+    ~OutputFolderTest() override { std::filesystem::current_path(before); }
 
-/// A folder as an earlier tour left it.
-void makeEarlierTour(const std::filesystem::path& folder) {
-    std::filesystem::create_directories(folder);
-    writeFile(folder / "index.html", page + "earlier");
-    writeFile(folder / "01-earlier.png", "earlier");
-}
-
-std::string errorOf(const std::filesystem::path& target) {
-    try {
-        const OutputFolder output(target);
-    } catch (const OutputError& error) {
-        return error.what();
+    /// A folder as an earlier tour left it.
+    void makeEarlierTour() const {
+        std::filesystem::create_directory(folder / "out");
+        folder.write("out/index.html", page + "earlier");
+        folder.write("out/01-earlier.png", "earlier");
     }
-    return {};
-}
-
-TEST(OutputFolder, AppearsWhenItIsPublished) {
-    const TemporaryFolder folder;
-    {
-        OutputFolder output(folder / "deep/er/out");
-        writeFile(output.folder() / "index.html", page);
-        EXPECT_FALSE(std::filesystem::exists(folder / "deep/er/out"));
+    static void publishPage(const std::filesystem::path& target) {
+        OutputFolder output(target);
+        std::ofstream(output.folder() / "index.html") << page;
         output.publish();
     }
-    EXPECT_EQ(contentOf(folder / "deep/er/out"), (std::map<std::string, std::string>{{"index.html", page}}));
+    static std::string errorOfOutput(const std::filesystem::path& target) {
+        return errorOf<OutputError>([&] { const OutputFolder output(target); });
+    }
+
+    const std::filesystem::path before = std::filesystem::current_path();
+};
+
+TEST_F(OutputFolderTest, AppearsWhenItIsPublished) {
+    {
+        OutputFolder output(folder / "deep/er/out");
+        EXPECT_FALSE(std::filesystem::exists(folder / "deep/er/out"));
+    }
+    publishPage(folder / "deep/er/out");
+    EXPECT_EQ(contentOf(folder / "deep/er/out"), onePage);
     EXPECT_EQ(contentOf(folder / "deep/er").size(), 1U);
 }
 
-TEST(OutputFolder, ReplacesAnEarlierTourAsAWhole) {
-    const TemporaryFolder folder;
-    makeEarlierTour(folder / "out");
+TEST_F(OutputFolderTest, ReplacesAnEarlierTourAsAWhole) {
+    makeEarlierTour();
     {
         OutputFolder output((folder / "out").string() + "/");
-        writeFile(output.folder() / "index.html", page);
+        std::ofstream(output.folder() / "index.html") << page;
         EXPECT_EQ(contentOf(folder / "out").at("01-earlier.png"), "earlier");
         output.publish();
     }
-    EXPECT_EQ(contentOf(folder / "out"), (std::map<std::string, std::string>{{"index.html", page}}));
+    EXPECT_EQ(contentOf(folder / "out"), onePage);
     EXPECT_EQ(contentOf(folder.path()).size(), 1U);
 }
 
-TEST(OutputFolder, ReplacesAnEarlierTourFileByFileWhereFoldersCannotBeExchanged) {
-    const TemporaryFolder folder;
-    makeEarlierTour(folder / "out");
+TEST_F(OutputFolderTest, ReplacesAnEarlierTourFileByFileWhereFoldersCannotBeExchanged) {
+    makeEarlierTour();
     {
         OutputFolder output(folder / "out");
-        writeFile(output.folder() / "index.html", page);
-        writeFile(output.folder() / "01-later.png", "later");
+        std::ofstream(output.folder() / "index.html") << page;
+        std::ofstream(output.folder() / "01-later.png") << "later";
         output.publishFileByFile();
     }
-    EXPECT_EQ(contentOf(folder / "out"),
-              (std::map<std::string, std::string>{{"index.html", page}, {"01-later.png", "later"}}));
+    EXPECT_EQ(contentOf(folder / "out"), (Content{{"index.html", page}, {"01-later.png", "later"}}));
     EXPECT_EQ(contentOf(folder.path()).size(), 1U);
 }
 
-TEST(OutputFolder, FillsTheCurrentFolderWhereItIs) {
-    const TemporaryFolder folder;
-    makeEarlierTour(folder / "out");
-    const std::filesystem::path before = std::filesystem::current_path();
+TEST_F(OutputFolderTest, FillsTheCurrentFolderWhereItIs) {
+    makeEarlierTour();
     std::filesystem::current_path(folder / "out");
-    {
-        OutputFolder output(".");
-        writeFile(output.folder() / "index.html", page);
-        output.publish();
-    }
-    EXPECT_EQ(contentOf("."), (std::map<std::string, std::string>{{"index.html", page}}));
-    std::filesystem::current_path(before);
+    publishPage(".");
+    EXPECT_EQ(contentOf("."), onePage);
 }
 
-TEST(OutputFolder, MayBeABareNameInTheCurrentFolder) {
-    const TemporaryFolder folder;
-    const std::filesystem::path before = std::filesystem::current_path();
+TEST_F(OutputFolderTest, MayBeABareNameInTheCurrentFolder) {
     std::filesystem::current_path(folder.path());
-    {
-        OutputFolder output("out");
-        writeFile(output.folder() / "index.html", page);
-        output.publish();
-    }
-    std::filesystem::current_path(before);
-    EXPECT_EQ(contentOf(folder / "out"), (std::map<std::string, std::string>{{"index.html", page}}));
+    publishPage("out");
+    EXPECT_EQ(contentOf(folder / "out"), onePage);
 }
 
-TEST(OutputFolder, FollowsALinkToAFolder) {
-    const TemporaryFolder folder;
+TEST_F(OutputFolderTest, FollowsALinkToAFolder) {
     std::filesystem::create_directory(folder / "real");
     std::filesystem::create_directory_symlink(folder / "real", folder / "link");
-    OutputFolder output(folder / "link");
-    writeFile(output.folder() / "index.html", page);
-    output.publish();
+    publishPage(folder / "link");
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
-    EXPECT_EQ(contentOf(folder / "real").size(), 1U);
+    EXPECT_EQ(contentOf(folder / "real"), onePage);
 }
 
-TEST(OutputFolder, IsReadableByThoseWhoMayReadFoldersHere) {
-    const TemporaryFolder folder;
+TEST_F(OutputFolderTest, IsReadableByThoseWhoMayReadFoldersHere) {
     std::filesystem::create_directory(folder / "usual");
-    {
-        OutputFolder output(folder / "out");
-        output.publish();
-    }
+    publishPage(folder / "out");
     EXPECT_EQ(std::filesystem::status(folder / "out").permissions(),
               std::filesystem::status(folder / "usual").permissions());
 }
 
-TEST(OutputFolder, RefusesAFolderWithSomethingElse) {
-    const TemporaryFolder folder;
-    makeEarlierTour(folder / "out");
-    writeFile(folder / "out/notes.txt", "mine");
-    EXPECT_THAT(errorOf(folder / "out"), HasSubstr("holds what no tour made, such as notes.txt"));
+TEST_F(OutputFolderTest, RefusesAFolderWithSomethingElse) {
+    makeEarlierTour();
+    folder.write("out/notes.txt", "mine");
+    EXPECT_THAT(errorOfOutput(folder / "out"), HasSubstr("holds what no tour made, such as notes.txt"));
     EXPECT_EQ(contentOf(folder / "out").size(), 3U);
 }
 
-TEST(OutputFolder, RefusesAFolderWithSomebodysPage) {
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "out");
-    writeFile(folder / "out/index.html", "<html>my site</html>");
-    EXPECT_THAT(errorOf(folder / "out"), HasSubstr("holds what no tour made, such as index.html"));
+TEST_F(OutputFolderTest, RefusesAFolderWithSomebodysPage) {
+    folder.write("index.html", "<html>my site</html>");
+    EXPECT_THAT(errorOfOutput(folder.path()), HasSubstr("holds what no tour made, such as index.html"));
 }
 
-TEST(OutputFolder, RefusesAFile) {
-    const TemporaryFolder folder;
-    EXPECT_THAT(errorOf(folder.write("out", "")), HasSubstr("is a file; the output needs a folder"));
+TEST_F(OutputFolderTest, RefusesWhatIsNoFolder) {
+    const auto file = folder.write("file", "");
+    EXPECT_THAT(errorOfOutput(file), HasSubstr("is a file; the output needs a folder"));
+    EXPECT_THAT(errorOfOutput(file / "out"), HasSubstr("cannot be written: "));
 }
 
-TEST(OutputFolder, RefusesAPlaceBelowAFile) {
-    const TemporaryFolder folder;
-    folder.write("file", "");
-    EXPECT_THAT(errorOf(folder / "file/out"), HasSubstr("cannot be written: "));
-}
-
-TEST(OutputFolder, RefusesTheRoot) { EXPECT_NE(errorOf("/"), ""); }
+TEST_F(OutputFolderTest, RefusesTheRoot) { EXPECT_THAT(errorOfOutput("/"), StartsWith("/")); }
 
 } // namespace
 } // namespace qel::host::test

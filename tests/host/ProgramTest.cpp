@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the program itself, as a person does.
-#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -12,28 +11,18 @@
 #include "tests/host/ModelFiles.h"
 #include "tests/host/RunProgram.h"
 #include "tests/host/SeenPicture.h"
-#include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {
 
+using Program = ProgramTest;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-/// Exit code 1, and one line of errors that names the program first; nothing else was said.
-void expectOneLine(const Outcome& outcome, const std::string& part) {
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors, StartsWith("camera: "));
-    EXPECT_THAT(outcome.errors, HasSubstr(part));
-    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
-    EXPECT_EQ(outcome.output, "");
-}
-
 const std::string teapot = CAMERA_MODELS "/teapot.obj";
 
-TEST(Program, DrawsATourWithTheModuleItFindsByItself) {
-    const TemporaryFolder folder;
-    const Outcome outcome = run(folder, {"tour", teapot, "--out", folder / "out", "--size", "240x160"});
+TEST_F(Program, DrawsATourWithTheModuleItFindsByItself) {
+    const Outcome outcome = run({"tour", teapot, "--out", folder / "out", "--size", "240x160"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_THAT(outcome.output, StartsWith(" 1/36 The default camera\n 2/36 The window gets its size\n"));
@@ -42,92 +31,68 @@ TEST(Program, DrawsATourWithTheModuleItFindsByItself) {
     EXPECT_EQ(SeenPicture(folder / "out/08-isometric.png").width(), 240);
 }
 
-TEST(Program, DrawsAModelWithoutNormals) {
-    const TemporaryFolder folder;
+TEST_F(Program, DrawsAModelWithoutNormals) {
     const auto file = folder.write("model.stl", goodModels()[2].content);
-    ASSERT_EQ(run(folder, {"tour", file, "--out", folder / "out", "--size", "96x64"}).exitCode, 0);
+    ASSERT_EQ(run({"tour", file, "--out", folder / "out", "--size", "96x64"}).exitCode, 0);
     EXPECT_GT(SeenPicture(folder / "out/05-from-x.png").countModel(), 1000);
 }
 
-TEST(Program, TellsABrokenModelInOneLineAndLeavesEarlierOutput) {
-    const TemporaryFolder folder;
+TEST_F(Program, TellsABrokenModelInOneLineAndLeavesEarlierOutput) {
     std::filesystem::create_directory(folder / "out");
     folder.write("out/01-earlier.png", "earlier");
     const auto file = folder.write("nan.obj", "v nan 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
-    expectOneLine(run(folder, {"tour", file, "--out", folder / "out"}), file.string() + ": ");
+    expectOneLine(run({"tour", file, "--out", folder / "out"}), file.string() + ": ");
     EXPECT_EQ(contentOf(folder / "out"), (std::map<std::string, std::string>{{"01-earlier.png", "earlier"}}));
 }
 
-TEST(Program, TellsAMissingModelAndMakesNoFolder) {
-    const TemporaryFolder folder;
-    expectOneLine(run(folder, {"tour", folder / "none.obj", "--out", folder / "new/out"}), "none.obj: no such file");
+TEST_F(Program, TellsAMissingModelAndMakesNoFolder) {
+    expectOneLine(run({"tour", folder / "none.obj", "--out", folder / "new/out"}), "none.obj: no such file");
     EXPECT_FALSE(std::filesystem::exists(folder / "new"));
 }
 
-TEST(Program, TellsAWindowThatCannotBeDrawn) {
-    const TemporaryFolder folder;
+TEST_F(Program, TellsAWindowThatCannotBeDrawn) {
     for (const char* size : {"0x640", "960x100000", "-5x640"}) {
-        expectOneLine(run(folder, {"tour", teapot, "--out", folder / "out", "--size", size}),
+        expectOneLine(run({"tour", teapot, "--out", folder / "out", "--size", size}),
                       "a window has sides of 64 to 4096 pixels");
     }
 }
 
 // An EGL that finds no driver of any maker.
-TEST(Program, TellsThatThereIsNoDriver) {
-    const TemporaryFolder folder;
-    expectOneLine(run(folder, {"tour", teapot, "--out", folder / "out"}, "__EGL_VENDOR_LIBRARY_DIRS=/nowhere"),
+TEST_F(Program, TellsThatThereIsNoDriver) {
+    expectOneLine(run({"tour", teapot, "--out", folder / "out"}, "__EGL_VENDOR_LIBRARY_DIRS=/nowhere"),
                   "no OpenGL driver: ");
     EXPECT_FALSE(std::filesystem::exists(folder / "out"));
 }
 
-TEST(Program, TellsItsUsage) {
-    const TemporaryFolder folder;
-    const Outcome outcome = run(folder, {"tour", "--help"});
+TEST_F(Program, TellsItsUsage) {
+    const Outcome outcome = run({"tour", "--help"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(outcome.output, HasSubstr("MODEL"));
     EXPECT_THAT(outcome.output, HasSubstr("--module"));
-    EXPECT_EQ(run(folder, {"tour"}).exitCode, 2);
-    const Outcome malformed = run(folder, {"tour", teapot, "--size", "large"});
-    EXPECT_EQ(malformed.exitCode, 2);
-    EXPECT_THAT(malformed.errors, StartsWith("camera: --size: wants WIDTHxHEIGHT in pixels"));
 }
 
-TEST(Program, WantsACommand) {
-    const TemporaryFolder folder;
-    const Outcome outcome = run(folder, {});
-    EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_THAT(outcome.errors, StartsWith("camera: A subcommand is required\n"));
-}
-
-TEST(Program, NamesACommandThatThereIsNotAndListsThoseThereAre) {
-    const TemporaryFolder folder;
-    const Outcome outcome = run(folder, {"shw", "camera.json", "--verbose"});
-    EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors, "camera: there is no command shw; the commands are call, ops, show, tour, view\n");
-    EXPECT_EQ(run(folder, {"--colour"}).errors,
-              "camera: there is no option --colour; the commands are call, ops, show, tour, view\n");
-}
-
-TEST(Program, TellsWhatACommandDoesNotTake) {
-    const TemporaryFolder folder;
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"ops", "--colour"}, {"show", "--colour", "camera.json"}}) {
-        const Outcome outcome = run(folder, arguments);
-        EXPECT_EQ(outcome.exitCode, 2);
-        EXPECT_THAT(outcome.errors, StartsWith("camera: The following argument was not expected: --colour\n"));
+TEST_F(Program, TellsWhatItDoesNotTake) {
+    struct Misuse {
+        std::vector<std::string> arguments;
+        std::string told;
+    };
+    for (const auto& [arguments, told] :
+         {Misuse{{}, "A subcommand is required\n"},
+          {{"shw", "camera.json", "--verbose"},
+           "there is no command shw; the commands are call, ops, show, tour, view\n"},
+          {{"--colour"}, "there is no option --colour; the commands are call, ops, show, tour, view\n"},
+          {{"ops", "--colour"}, "The following argument was not expected: --colour\n"},
+          {{"show", "--colour", "camera.json"}, "The following argument was not expected: --colour\n"},
+          {{"tour", teapot, "--size", "large"}, "--size: wants WIDTHxHEIGHT in pixels"},
+          {{"tour"}, ""}}) {
+        expectMisuse(run(arguments), "camera: " + told);
     }
 }
 
-TEST(Program, TellsItsVersion) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(run(folder, {"--version"}).output, "camera " CAMERA_VERSION "\n");
-}
+TEST_F(Program, TellsItsVersion) { EXPECT_EQ(run({"--version"}).output, "camera " CAMERA_VERSION "\n"); }
 
 // A tour that ends half-way, as by Ctrl-C or a full disk.
-TEST(InterruptedTour, LeavesEarlierOutputAndNothingElse) {
-    const TemporaryFolder folder;
+TEST_F(Program, LeavesEarlierOutputAndNothingElseWhereATourIsInterrupted) {
     TourOptions options;
     options.model = teapot;
     options.output = folder / "out";

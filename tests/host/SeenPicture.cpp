@@ -41,23 +41,18 @@ SeenPicture::SeenPicture(const std::filesystem::path& file) {
 template <class Wanted>
 std::optional<Extents> SeenPicture::extents(const Wanted& wanted) const {
     Extents result{std::numeric_limits<int>::max(), -1, std::numeric_limits<int>::max(), -1};
-    for (int row = 0; row < height(); ++row) {
-        for (int column = 0; column < width(); ++column) {
-            if (wanted(mPicture.at(column, row))) {
-                const int y = height() - 1 - row;
-                result = {std::min(result.left, column), std::max(result.right, column), std::min(result.bottom, y),
-                          std::max(result.top, y)};
-            }
+    forEachPixel([&](Pixel at, const std::uint8_t* bytes) {
+        if (wanted(bytes)) {
+            result = {std::min(result.left, at.x), std::max(result.right, at.x), std::min(result.bottom, at.y),
+                      std::max(result.top, at.y)};
         }
-    }
+    });
     return result.right < 0 ? std::nullopt : std::optional(result);
 }
 
 int SeenPicture::countModel() const {
     int count = 0;
-    for (std::size_t i = 0; i < mPicture.bytes.size(); i += 4) {
-        count += isModel(mPicture.bytes.data() + i) ? 1 : 0;
-    }
+    forEachPixel([&](Pixel, const std::uint8_t* bytes) { count += isModel(bytes) ? 1 : 0; });
     return count;
 }
 
@@ -70,26 +65,19 @@ std::optional<Extents> SeenPicture::extentsOf(Colour colour) const {
 std::optional<Vec2> SeenPicture::middleOf(Colour colour, Vec2 place, double distance) const {
     Vec2 sum;
     int count = 0;
-    for (int row = 0; row < height(); ++row) {
-        for (int column = 0; column < width(); ++column) {
-            const Vec2 centre{column + 0.5, height() - row - 0.5};
-            if (isColour(mPicture.at(column, row), colour) &&
-                std::hypot(centre.x - place.x, centre.y - place.y) < distance) {
-                sum = {sum.x + centre.x, sum.y + centre.y};
-                ++count;
-            }
+    forEachPixel([&](Pixel at, const std::uint8_t* bytes) {
+        const Vec2 centre{at.x + 0.5, at.y + 0.5};
+        if (isColour(bytes, colour) && std::hypot(centre.x - place.x, centre.y - place.y) < distance) {
+            sum = {sum.x + centre.x, sum.y + centre.y};
+            ++count;
         }
-    }
+    });
     return count == 0 ? std::nullopt : std::optional(Vec2{sum.x / count, sum.y / count});
-}
-
-std::optional<Vec2> SeenPicture::middleOf(Colour colour) const {
-    return middleOf(colour, {0.0, 0.0}, std::numeric_limits<double>::infinity());
 }
 
 int SeenPicture::countDifferences(const SeenPicture& other) const {
     if (other.width() != width() || other.height() != height()) {
-        throw std::invalid_argument("pictures of different sizes");
+        return width() * height();
     }
     constexpr int little = 6;
     int count = 0;

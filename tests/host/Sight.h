@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-#include <cmath>
+#include <algorithm>
 #include <optional>
-#include <stdexcept>
 
 #include <qel/api/camera/States.h>
 
@@ -27,7 +25,7 @@ public:
         const double spread = isOrthographic() ? 1.0 : distance / frustum.mNearDist;
         const double x = (frustum.mLeft + u * (frustum.mRight - frustum.mLeft)) * spread;
         const double y = (frustum.mBottom + v * (frustum.mTop - frustum.mBottom)) * spread;
-        return eye() + axis(0) * x + axis(1) * y - axis(2) * distance;
+        return eye() + column(0) * x + column(1) * y - column(2) * distance;
     }
 
     /// The point that has this depth, from 0 at the near plane to 1 at the far plane.
@@ -51,21 +49,20 @@ public:
         return first <= 1.0 ? std::optional(start + direction * first) : std::nullopt;
     }
 
+    /// How far a point is ahead of the eye, measured along the direction of view.
+    [[nodiscard]] double distanceAhead(const Vec3& point) const { return dot(point - eye(), direction()); }
+
     /// Where a point is seen, in pixels and fractions of them.
     [[nodiscard]] Vec2 pixelOf(const Vec3& point) const {
-        const auto place = CameraView(mState).toWindow(point);
-        if (!place) {
-            throw std::runtime_error("the point is not before the eye");
-        }
-        return *place;
+        return CameraView(mState).toWindow(point).value(); // which throws for a point that is not before the eye
     }
 
     [[nodiscard]] bool isOrthographic() const {
         return mState.mProjectionState.mProjectionType == api::camera::ProjectionType::ORTHOGRAPHIC;
     }
     [[nodiscard]] Vec3 eye() const { return column(3); }
-    [[nodiscard]] Vec3 direction() const { return axis(2) * -1.0; }
-    [[nodiscard]] Vec3 up() const { return axis(1); }
+    [[nodiscard]] Vec3 direction() const { return column(2) * -1.0; }
+    [[nodiscard]] Vec3 up() const { return column(1); }
     /// The width and the height of what a pixel shows, on the near plane.
     [[nodiscard]] Vec2 extentOfPixel() const {
         const auto& frustum = mState.mProjectionState.mFrustum;
@@ -74,7 +71,6 @@ public:
     }
 
 private:
-    [[nodiscard]] Vec3 axis(std::size_t index) const { return column(index); }
     [[nodiscard]] Vec3 column(std::size_t index) const {
         const auto& rows = mState.mViewState.mViewTransformMatrix.mData;
         return {rows[0][index], rows[1][index], rows[2][index]};

@@ -6,30 +6,26 @@
 #include <gtest/gtest.h>
 
 #include "host/state/StateFile.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {
 
-TEST(StateFile, NamesAFileThatIsMissing) {
-    const TemporaryFolder folder;
-    try {
-        readState(folder / "none");
-        FAIL();
-    } catch (const std::runtime_error& error) {
-        EXPECT_THAT(error.what(), ::testing::HasSubstr("none: cannot be read"));
-    }
+using StateFileTest = FolderTest;
+
+TEST_F(StateFileTest, NamesAFileThatIsMissing) {
+    EXPECT_THAT(errorOf<std::runtime_error>([&] { readState(folder / "none"); }),
+                ::testing::HasSubstr("none: cannot be read"));
 }
 
-TEST(StateFile, TellsAFileThatBreaksOff) {
-    const TemporaryFolder folder;
+TEST_F(StateFileTest, TellsAFileThatBreaksOff) {
     writeState({}, folder / "whole");
     const auto file = folder.write("half", readText(folder / "whole").substr(0, 20));
     EXPECT_THROW(readState(file), std::runtime_error);
 }
 
-TEST(StateFile, LeavesTheOlderFileWhereItCannotWrite) {
-    const TemporaryFolder folder;
+TEST_F(StateFileTest, LeavesTheOlderFileWhereItCannotWrite) {
     std::filesystem::create_directory(folder / "state.part");
     const auto file = folder.write("state", "older");
     EXPECT_THROW(writeState({}, file), std::runtime_error);

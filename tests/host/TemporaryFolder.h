@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <gtest/gtest.h>
+
 namespace qel::host::test {
 
 /// A folder of a test's own, gone with all in it at the end.
@@ -39,6 +41,11 @@ public:
 
 private:
     std::filesystem::path mPath;
+};
+
+class FolderTest : public ::testing::Test {
+protected:
+    const TemporaryFolder folder;
 };
 
 inline std::string readText(const std::filesystem::path& file) {

@@ -12,16 +12,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/render/CameraView.h"
 #include "host/scene/Mesh.h"
 #include "host/tour/Tour.h"
 #include "tests/host/SeenPicture.h"
+#include "tests/host/Sight.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::Ge;
 using ::testing::HasSubstr;
+using ::testing::Le;
 
 struct Window {
     const char* name;
@@ -36,38 +39,49 @@ constexpr Window square{"square", 360, 360};
 constexpr Window tall{"tall", 256, 448};
 
 /// A tour around the teapot in a window of a shape; the picture of each step by the step's name.
-class Tour : public ::testing::Test {
+class Tour : public FolderTest {
 protected:
     static constexpr const char* model = CAMERA_MODELS "/teapot.obj";
 
     explicit Tour(const Window& window = wide) : mWindow(window) {
         TourOptions options;
         options.model = model;
-        options.output = mFolder / "out";
+        options.output = folder / "out";
         options.module = CAMERA_MODULE;
         options.width = window.width;
         options.height = window.height;
         for (Shot& shot : runTour(options, [](std::size_t, std::size_t, std::string_view) {})) {
             const std::string name = shot.file.substr(3, shot.file.size() - 7);
-            mPictures.emplace(name, SeenPicture(mFolder / "out" / shot.file));
+            mPictures.emplace(name, SeenPicture(folder / "out" / shot.file));
             mShots.emplace(name, std::move(shot));
         }
     }
 
     [[nodiscard]] const SeenPicture& picture(const std::string& name) const { return mPictures.at(name); }
     [[nodiscard]] const Shot& shot(const std::string& name) const { return mShots.at(name); }
+    [[nodiscard]] Vec3 eye(const std::string& name) const { return Sight(shot(name).camera).eye(); }
     [[nodiscard]] int width() const { return mWindow.width; }
     [[nodiscard]] int height() const { return mWindow.height; }
 
-    /// The middle of the dot on the picked point; it is alone in its colour.
-    [[nodiscard]] Vec2 dot(const std::string& name) const {
-        const auto middle = picture(name).middleOf(secondMark);
+    [[nodiscard]] Extents modelExtents(const std::string& name) const {
+        const auto extents = picture(name).modelExtents();
+        EXPECT_TRUE(extents) << name;
+        return extents.value_or(Extents{});
+    }
+    [[nodiscard]] Vec2 middleOf(Colour colour, const std::string& name) const {
+        const auto middle = picture(name).middleOf(colour);
         EXPECT_TRUE(middle) << name;
         return middle.value_or(Vec2{});
     }
+    /// The middle of the dot on the picked point; it is alone in its colour.
+    [[nodiscard]] Vec2 dot(const std::string& name) const { return middleOf(secondMark, name); }
+
+    static void expectNear(Vec2 actual, Vec2 expected, double tolerance) {
+        EXPECT_NEAR(actual.x, expected.x, tolerance);
+        EXPECT_NEAR(actual.y, expected.y, tolerance);
+    }
 
     Window mWindow;
-    TemporaryFolder mFolder;
     std::map<std::string, SeenPicture> mPictures;
     std::map<std::string, Shot> mShots;
 };
@@ -83,16 +97,12 @@ INSTANTIATE_TEST_SUITE_P(Windows, TourInWindow, ::testing::Values(wide, square, 
 
 /// Where the model's corners land by the state's own matrices, worked out on the processor.
 Extents projectedExtents(const Mesh& mesh, const api::camera::PlanarCameraState& camera) {
-    const CameraView view(camera);
     Vec2 least{1e9, 1e9};
     Vec2 most{-1e9, -1e9};
     for (const auto index : mesh.triangles) {
-        const auto position = view.toWindow(mesh.positions[index]);
-        EXPECT_TRUE(position) << "a corner of the model is behind the eye";
-        if (position) {
-            least = {std::min(least.x, position->x), std::min(least.y, position->y)};
-            most = {std::max(most.x, position->x), std::max(most.y, position->y)};
-        }
+        const Vec2 position = Sight(camera).pixelOf(mesh.positions[index]);
+        least = {std::min(least.x, position.x), std::min(least.y, position.y)};
+        most = {std::max(most.x, position.x), std::max(most.y, position.y)};
     }
     const auto pixel = [](double value) { return static_cast<int>(std::floor(value)); };
     return {pixel(least.x), pixel(most.x), pixel(least.y), pixel(most.y)};
@@ -113,31 +123,21 @@ TEST_P(TourInWindow, ShowsTheModelInEveryPicture) {
 TEST_P(TourInWindow, KeepsAFittedModelInsideTheWindow) {
     const Mesh mesh = loadMesh(model);
     for (const char* name : {"fit-box", "clipping-planes", "from-x", "from-y", "from-z", "isometric"}) {
-        const auto seen = picture(name).modelExtents();
-        ASSERT_TRUE(seen) << name;
-        EXPECT_GT(seen->left, 0) << name;
-        EXPECT_GT(seen->bottom, 0) << name;
-        EXPECT_LT(seen->right, width() - 1) << name;
-        EXPECT_LT(seen->top, height() - 1) << name;
-
+        const Extents seen = modelExtents(name);
+        EXPECT_TRUE(seen.left > 0 && seen.bottom > 0 && seen.right < width() - 1 && seen.top < height() - 1) << name;
         const Extents expected = projectedExtents(mesh, shot(name).camera);
-        EXPECT_GE(seen->left, expected.left) << name;
-        EXPECT_LE(seen->left, expected.left + 4) << name;
-        EXPECT_LE(seen->right, expected.right) << name;
-        EXPECT_GE(seen->right, expected.right - 4) << name;
-        EXPECT_GE(seen->bottom, expected.bottom) << name;
-        EXPECT_LE(seen->bottom, expected.bottom + 4) << name;
-        EXPECT_LE(seen->top, expected.top) << name;
-        EXPECT_GE(seen->top, expected.top - 4) << name;
+        for (const int missing : {seen.left - expected.left, expected.right - seen.right, seen.bottom - expected.bottom,
+                                  expected.top - seen.top}) {
+            EXPECT_THAT(missing, AllOf(Ge(0), Le(4))) << name;
+        }
     }
 }
 
 // Orthographic, and the model reaches all sides of its box: but for the margin it fills the window in one direction.
 TEST_P(TourInWindow, FillsTheWindowWithAFittedModel) {
     for (const char* name : {"from-x", "from-y", "from-z"}) {
-        const auto seen = picture(name).modelExtents();
-        ASSERT_TRUE(seen) << name;
-        EXPECT_GT(std::max(1.0 * seen->width() / width(), 1.0 * seen->height() / height()), 0.88) << name;
+        const Extents seen = modelExtents(name);
+        EXPECT_GT(std::max(1.0 * seen.width() / width(), 1.0 * seen.height() / height()), 0.88) << name;
     }
 }
 
@@ -153,9 +153,8 @@ TEST_P(TourInWindow, SeesTheSameLengthsAlongTheAxes) {
         const auto& frustum = shot(name).camera.mProjectionState.mFrustum;
         const double pixel = (frustum.mRight - frustum.mLeft) / width();
         EXPECT_NEAR((frustum.mTop - frustum.mBottom) / height(), pixel, 1e-9 * pixel) << "pixels are square";
-        const auto seen = picture(name).modelExtents();
-        EXPECT_TRUE(seen) << name;
-        return seen ? Size{seen->width() * pixel, seen->height() * pixel, pixel} : Size{};
+        const Extents seen = modelExtents(name);
+        return Size{seen.width() * pixel, seen.height() * pixel, pixel};
     };
     const Size x = sizeOf("from-x");
     const Size y = sizeOf("from-y");
@@ -173,14 +172,9 @@ TEST_P(TourInWindow, SeesTheSameLengthsAlongTheAxes) {
 
 TEST_P(TourInWindow, KeepsTheMarksOnTheirPixelsWhenTheProjectionIsSwitched) {
     for (const Colour colour : {firstMark, secondMark}) {
-        const auto before = picture("marks").middleOf(colour);
-        const auto switched = picture("orthographic").middleOf(colour);
-        const auto back = picture("perspective").middleOf(colour);
-        ASSERT_TRUE(before && switched && back);
-        EXPECT_NEAR(switched->x, before->x, 0.05);
-        EXPECT_NEAR(switched->y, before->y, 0.05);
-        EXPECT_NEAR(back->x, before->x, 0.05);
-        EXPECT_NEAR(back->y, before->y, 0.05);
+        const Vec2 before = middleOf(colour, "marks");
+        expectNear(middleOf(colour, "orthographic"), before, 0.05);
+        expectNear(middleOf(colour, "perspective"), before, 0.05);
     }
     EXPECT_GT(picture("marks").countDifferences(picture("orthographic")), width() * height() / 100);
     EXPECT_LE(picture("marks").countDifferences(picture("perspective")), width() * height() / 1000);
@@ -208,13 +202,9 @@ TEST_P(TourInWindow, FillsTheWindowWithTheAreaZoomedInto) {
 TEST_P(TourInWindow, KeepsTheAnchorOnItsPixel) {
     const Vec2 before = dot("anchor-before");
     for (const char* name : {"anchor-screen", "anchor-world"}) {
-        const Vec2 after = dot(name);
-        EXPECT_NEAR(after.x, before.x, 0.25) << name;
-        EXPECT_NEAR(after.y, before.y, 0.25) << name;
-        const auto crossHair = picture(name).middleOf(firstMark);
-        ASSERT_TRUE(crossHair) << name;
-        EXPECT_NEAR(crossHair->x, after.x, 0.25) << name;
-        EXPECT_NEAR(crossHair->y, after.y, 0.25) << name;
+        SCOPED_TRACE(name);
+        expectNear(dot(name), before, 0.25);
+        expectNear(middleOf(firstMark, name), dot(name), 0.25); // the cross-hair
     }
     EXPECT_GT(picture("anchor-screen").countModel(), picture("anchor-before").countModel() * 1.8);
     EXPECT_LT(picture("anchor-world").countModel(), picture("anchor-before").countModel() * 0.6);
@@ -225,20 +215,15 @@ TEST_P(TourInWindow, MovesThePannedPointWithTheMouse) {
     const Vec2 after = dot("pan-after");
     const int right = width() / 5;
     const int down = height() / 6;
-    EXPECT_NEAR(after.x - before.x, right, 0.25);
-    EXPECT_NEAR(before.y - after.y, down, 0.25);
+    expectNear(after, {before.x + right, before.y - down}, 0.25);
     const auto target = picture("pan-after").middleOf(firstMark, after, 30.0);
     ASSERT_TRUE(target);
-    EXPECT_NEAR(target->x, after.x, 0.25);
-    EXPECT_NEAR(target->y, after.y, 0.25);
+    expectNear(*target, after, 0.25);
 }
 
 TEST_F(Tour, TurnsTheModelWithEveryPieceOfTheDrag) {
     const Vec3 centre = loadMesh(model).box.centre();
-    const auto distance = [&](const std::string& name) {
-        const auto& eye = shot(name).camera.mViewState.mEye.mData;
-        return length(Vec3{eye[0], eye[1], eye[2]} - centre);
-    };
+    const auto distance = [&](const std::string& name) { return length(eye(name) - centre); };
     std::string last = "arcball-start";
     for (const char* name : {"arcball-1", "arcball-2", "arcball-3", "arcball-4"}) {
         EXPECT_GT(picture(name).countDifferences(picture(last)), width() * height() / 50) << name;
@@ -248,16 +233,11 @@ TEST_F(Tour, TurnsTheModelWithEveryPieceOfTheDrag) {
 }
 
 TEST_F(Tour, StopsTheTurntableAtThePole) {
-    const auto eyeHeight = [&](const std::string& name) { return shot(name).camera.mViewState.mEye.mData[1]; };
-    EXPECT_NEAR(eyeHeight("turntable-turn"), eyeHeight("isometric"), 1e-9);
-    EXPECT_GT(eyeHeight("turntable-tilt"), eyeHeight("turntable-turn"));
-    EXPECT_GT(eyeHeight("turntable-pole"), eyeHeight("turntable-tilt"));
+    EXPECT_NEAR(eye("turntable-turn")[1], eye("isometric")[1], 1e-9);
+    EXPECT_GT(eye("turntable-tilt")[1], eye("turntable-turn")[1]);
+    EXPECT_GT(eye("turntable-pole")[1], eye("turntable-tilt")[1]);
     EXPECT_EQ(picture("turntable-limit").countDifferences(picture("turntable-pole")), 0);
-    const auto& pole = shot("turntable-pole").camera.mViewState.mEye.mData;
-    const auto& limit = shot("turntable-limit").camera.mViewState.mEye.mData;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        EXPECT_NEAR(limit[axis], pole[axis], 1e-12 * pole[1]);
-    }
+    EXPECT_NEAR(length(eye("turntable-limit") - eye("turntable-pole")), 0.0, 1e-12 * eye("turntable-pole")[1]);
     for (const char* name : {"turntable-turn", "turntable-tilt", "turntable-pole"}) {
         const auto& right = shot(name).camera.mViewState.mViewMatrix.mData[0];
         EXPECT_NEAR(right[1], 0.0, 1e-9) << name << ": the axis is upright in the picture";
@@ -265,7 +245,7 @@ TEST_F(Tour, StopsTheTurntableAtThePole) {
 }
 
 TEST_F(Tour, ShowsEveryPictureOnItsPage) {
-    const std::string page = readText(mFolder / "out" / "index.html");
+    const std::string page = readText(folder / "out" / "index.html");
     for (const auto& [name, shot] : mShots) {
         EXPECT_THAT(page, HasSubstr("src=\"" + shot.file + "\""));
         EXPECT_THAT(page, HasSubstr(shot.title));
@@ -274,8 +254,8 @@ TEST_F(Tour, ShowsEveryPictureOnItsPage) {
                                 ", height = " + std::to_string(height()) + ")</code>"));
     EXPECT_THAT(page, HasSubstr("mPrivate=&lt;1080 bytes&gt;"));
     EXPECT_EQ(page.find('\0'), std::string::npos);
-    EXPECT_EQ(contentOf(mFolder / "out").size(), mShots.size() + 1);
-    EXPECT_EQ(contentOf(mFolder.path()).size(), 1U) << "nothing is left beside the output";
+    EXPECT_EQ(contentOf(folder / "out").size(), mShots.size() + 1);
+    EXPECT_EQ(contentOf(folder.path()).size(), 1U) << "nothing is left beside the output";
 }
 
 } // namespace

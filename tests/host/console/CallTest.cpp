@@ -13,6 +13,7 @@
 #include "host/console/Call.h"
 #include "host/console/CallArguments.h"
 #include "host/console/RecordJson.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/host/TemporaryFolder.h"
 
 namespace qel::host::test {
@@ -42,29 +43,27 @@ auto valueOf(const CallOutcome& outcome) {
 /// What is said of a call that cannot be made.
 std::string misuse(const std::string& operation, const std::vector<std::string>& arguments,
                    const std::string& standardInput = "") {
-    std::istringstream stream(standardInput);
-    Input input(stream);
-    try {
-        prepareCall(operation, arguments, input);
-    } catch (const ArgumentError& error) {
-        return error.what();
-    }
-    return "the call was made ready";
+    return errorOf<ArgumentError>([&] { call(operation, arguments, standardInput); });
 }
+
+using CallOfFiles = FolderTest;
+using MisuseOfFiles = FolderTest;
 
 std::string defaultView() { return call("viewCreateDefault", {}).json; }
 
-TEST(Call, GivesTheResultOfTheOperation) {
-    const auto eye = valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", "1,-2,3.5"}, defaultView())).mEye;
-    EXPECT_THAT(eye.mData, ElementsAre(1, -2, 3.5));
+std::vector<double> eyeSetTo(const std::string& argument) {
+    return valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", argument}, defaultView())).mEye.mData;
+}
+
+std::vector<std::vector<double>> transposed(const std::string& argument) {
+    return valueOf<camera::MatrixResult>(call("utilsConvertMatrixFromRowMajorToColumnMajor", {argument})).mData;
 }
 
 TEST(Call, TakesNumbersWithASignAndWhatIsNoNumber) {
-    const auto value =
-        valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", "-0,-Infinity,+1e-3"}, defaultView())).mEye.mData;
-    EXPECT_TRUE(std::signbit(value.at(0)));
-    EXPECT_EQ(value.at(1), -std::numeric_limits<double>::infinity());
-    EXPECT_EQ(value.at(2), 0.001);
+    EXPECT_THAT(eyeSetTo("1,-2,3.5"), ElementsAre(1, -2, 3.5));
+    const auto eye = eyeSetTo("-0,-Infinity,+1e-3");
+    EXPECT_THAT(eye, ElementsAre(0, -std::numeric_limits<double>::infinity(), 0.001));
+    EXPECT_TRUE(std::signbit(eye.front()));
 }
 
 TEST(Call, TakesAQuaternionAsItsFourNumbers) {
@@ -72,29 +71,19 @@ TEST(Call, TakesAQuaternionAsItsFourNumbers) {
     EXPECT_THAT(state.mOrientation.mData, ElementsAre(0, 0, 1, 0));
 }
 
-TEST(Call, TakesAMatrixAsSixteenNumbersRowByRow) {
-    const auto matrix = valueOf<camera::MatrixResult>(
-        call("utilsConvertMatrixFromRowMajorToColumnMajor", {"1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"}));
-    EXPECT_THAT(matrix.mData, ElementsAre(ElementsAre(1, 5, 9, 13), ElementsAre(2, 6, 10, 14),
-                                          ElementsAre(3, 7, 11, 15), ElementsAre(4, 8, 12, 16)));
-}
-
-TEST(Call, TakesAMatrixOfAnyShapeAsJson) {
-    const auto matrix = valueOf<camera::MatrixResult>(
-        call("utilsConvertMatrixFromRowMajorToColumnMajor", {R"({"mData": [[1, 2, 3]]})"}));
-    EXPECT_THAT(matrix.mData, ElementsAre(ElementsAre(1), ElementsAre(2), ElementsAre(3)));
+TEST(Call, TakesAMatrixAsSixteenNumbersRowByRowAndOfAnyShapeAsJson) {
+    EXPECT_THAT(transposed("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"),
+                ElementsAre(ElementsAre(1, 5, 9, 13), ElementsAre(2, 6, 10, 14), ElementsAre(3, 7, 11, 15),
+                            ElementsAre(4, 8, 12, 16)));
+    EXPECT_THAT(transposed(R"({"mData": [[1, 2, 3]]})"), ElementsAre(ElementsAre(1), ElementsAre(2), ElementsAre(3)));
 }
 
 TEST(Call, TakesAFrustumAsItsNumbersAndATypeByItsNameOrNumber) {
     for (const char* type : {"ORTHOGRAPHIC", "orthographic", "1"}) {
         const auto state = valueOf<camera::ProjectionStateResult>(call("projectionCreate", {"-4,4,-3,3,1,9", type}));
         EXPECT_EQ(state.mProjectionType, camera::ProjectionType::ORTHOGRAPHIC) << type;
-        EXPECT_EQ(state.mFrustum.mLeft, -4);
-        EXPECT_EQ(state.mFrustum.mRight, 4);
-        EXPECT_EQ(state.mFrustum.mBottom, -3);
-        EXPECT_EQ(state.mFrustum.mTop, 3);
-        EXPECT_EQ(state.mFrustum.mNearDist, 1);
-        EXPECT_EQ(state.mFrustum.mFarDist, 9);
+        EXPECT_EQ(layOut(toJson(state.mFrustum)),
+                  R"({"mLeft": -4, "mRight": 4, "mBottom": -3, "mTop": 3, "mNearDist": 1, "mFarDist": 9})");
     }
 }
 
@@ -105,19 +94,11 @@ TEST(Call, TakesAViewportAsItsNumbers) {
     EXPECT_EQ(state.mViewport.mWidth, 0.25);
 }
 
-TEST(Call, TakesAFileAndTheValueOfAResultInIt) {
-    const TemporaryFolder folder;
+TEST_F(CallOfFiles, TakesThemThoughANameHasACommaAndTheValueOfAResultInThem) {
     const auto view = folder.write("view.json", defaultView());
-    const auto point = folder.write("point.json", R"({"mData": [1, 2, 3]})");
+    const auto point = folder.write("point,1.json", R"({"mData": [1, 2, 3]})");
     const auto eye = valueOf<camera::ViewStateResult>(call("viewSetEye", {view, point})).mEye;
     EXPECT_THAT(eye.mData, ElementsAre(1, 2, 3));
-}
-
-TEST(Call, TakesAFileThoughItsNameHasACommaInIt) {
-    const TemporaryFolder folder;
-    const auto point = folder.write("point,1.json", R"({"mData": [1, 2, 3]})");
-    EXPECT_THAT(valueOf<camera::ViewStateResult>(call("viewSetEye", {"-", point}, defaultView())).mEye.mData,
-                ElementsAre(1, 2, 3));
 }
 
 TEST(Call, KeepsWhatTheServiceSaysOfAnError) {
@@ -163,31 +144,20 @@ TEST(Misuse, IsATypeThatThereIsNot) {
               "'FISHEYE' came");
 }
 
-TEST(Misuse, IsAVectorOfAnotherLength) {
+TEST(Misuse, IsAVectorOfAnotherLengthOrWithAPieceThatIsNoNumber) {
     EXPECT_EQ(misuse("viewSetEye", {"-", "1,2"}, defaultView()),
               "viewSetEye: the argument eye wants a Vector: x,y,z, or a JSON file or - for standard input, but '1,2' "
               "has 2 numbers");
     EXPECT_THAT(misuse("viewSetEye", {"-", "5"}, defaultView()), EndsWith("but '5' has 1 number"));
     EXPECT_THAT(misuse("viewSetOrientation", {"-", "1,2,3"}, defaultView()), HasSubstr("a Quaternion: x,y,z,w, or"));
-}
-
-TEST(Misuse, IsAPieceOfAVectorThatIsNoNumber) {
     EXPECT_THAT(misuse("viewSetEye", {"-", "1,two,3"}, defaultView()), EndsWith("but 'two' in '1,two,3' is no number"));
 }
 
-TEST(Misuse, IsAFileThatThereIsNot) {
+TEST_F(MisuseOfFiles, IsOneThatCannotBeRead) {
     EXPECT_EQ(misuse("viewYaw", {"/nowhere/view.json", "1"}),
               "viewYaw: the argument state wants a ViewState: a JSON file or - for standard input, but "
               "/nowhere/view.json: No such file or directory");
-}
-
-TEST(Misuse, IsAFolderInsteadOfAFile) {
-    const TemporaryFolder folder;
     EXPECT_THAT(misuse("viewYaw", {folder.path(), "1"}), EndsWith(folder.path().string() + " cannot be read"));
-}
-
-TEST(Misuse, IsAFileThatIsNoJson) {
-    const TemporaryFolder folder;
     const std::string view = folder.write("view.json", "a view");
     EXPECT_THAT(misuse("viewYaw", {view, "1"}),
                 StartsWith("viewYaw: the argument state " + view + ": parse error at line 1, column 1"));
@@ -198,13 +168,10 @@ TEST(Misuse, IsAnotherKindOfState) {
               "viewYaw: the argument state standard input: wants a ViewState, but a SurfaceState came");
 }
 
-TEST(Misuse, IsStandardInputForTwoArguments) {
+TEST(Misuse, IsStandardInputThatIsEmptyOrTaken) {
+    EXPECT_THAT(misuse("viewYaw", {"-", "1"}), EndsWith("but standard input is empty"));
     EXPECT_THAT(misuse("planarCameraSetView", {"-", "-"}, call("planarCameraCreateDefault", {}).json),
                 EndsWith("but standard input is taken by another argument already"));
-}
-
-TEST(Misuse, IsAnEmptyStandardInput) {
-    EXPECT_THAT(misuse("viewYaw", {"-", "1"}), EndsWith("but standard input is empty"));
 }
 
 } // namespace
