@@ -194,10 +194,10 @@ private:
         }
     }
 
-    auto& poolOf(const ViewState&) { return mViews; }
-    auto& poolOf(const ProjectionState&) { return mProjections; }
-    auto& poolOf(const SurfaceState&) { return mSurfaces; }
-    auto& poolOf(const PlanarCameraState&) { return mCameras; }
+    Pool<ViewState>& poolOf(const ViewState&) { return mViews; }
+    Pool<ProjectionState>& poolOf(const ProjectionState&) { return mProjections; }
+    Pool<SurfaceState>& poolOf(const SurfaceState&) { return mSurfaces; }
+    Pool<PlanarCameraState>& poolOf(const PlanarCameraState&) { return mCameras; }
 
     static bool isOrdinary(double number) { return std::fabs(number) < 1e5; }
     static bool isOrdinary(const ViewState& state) {
