@@ -136,20 +136,13 @@ def ratio_text(value):
     return "–" if value is None else f"{value:.2f}"
 
 
-def record_cost(results, name):
-    """Nanoseconds that an operation takes on top of the object, None where one of the two was not measured."""
-    whole, alone = results.of("operation/" + name), results.of("impl/" + name)
-    return None if whole is None or alone is None else whole - alone
-
-
 def operations_table(results, order):
     rows = []
     for name in order:
         rows.append([f"`{name}`", nanoseconds(results.of("operation/" + name)),
                      nanoseconds(results.of("impl/" + name)),
-                     nanoseconds(record_cost(results, name)),
                      nanoseconds(results.of("fresh/" + name)), ratio_text(results.scaling(name))])
-    return table(["operation", "warm", "impl alone", "records", "fresh", "two threads"], rows)
+    return table(["operation", "warm", "impl alone", "fresh", "two threads"], rows)
 
 
 def peers_table(results):
@@ -202,11 +195,6 @@ def warm_range(results, pattern):
     return span(results.of("operation/" + name) for name in results.names("operation") if re.match(pattern, name))
 
 
-def record_range(results, pattern):
-    """The same of what the records cost."""
-    return span(record_cost(results, name) for name in results.names("impl") if re.match(pattern, name))
-
-
 def document(results, arguments):
     prose = (pathlib.Path(__file__).parent / "performance.md.in").read_text()
     order = [name for name in operation_order() if name in set(results.names("operation"))]
@@ -218,8 +206,6 @@ def document(results, arguments):
         flags=arguments.flags, repetitions=arguments.repetitions, load=f"{load:.1f}",
         view_range=warm_range(results, "view(?!Transform)"), camera_range=warm_range(results, "planarCamera"),
         transform_range=warm_range(results, "(view)?[tT]ransform"),
-        view_records=record_range(results, "view(?!Transform)"),
-        camera_records=record_range(results, "planarCamera"),
         threads_median=ratio_text(statistics.median(scalings) if both else None),
         threads_least=ratio_text(min(scalings) if both else None),
         copying=ratio_text(results.scaling("control: copying")),

@@ -37,13 +37,11 @@ class Report(unittest.TestCase):
         page = report.document(self.results, Namespace(compiler="g++ 12", flags="-O3", repetitions="3"))
         self.assertNotRegex(page, r"\{\w+\}")
         self.assertIn("takes 50 to 60 nanoseconds", page)
-        self.assertIn("the records take 10 to 20 nanoseconds for a view and 10 to 10 for a camera", page)
         for name in report.operation_order():
             row = [cell.strip() for cell in re.search(rf"(?m)^\| `{name}` .*$", page)[0].split("|")[2:-1]]
             time = "60.0" if name == "viewRoll" else "50.0"
-            self.assertEqual([row[0], row[3], row[4]], [time, "200", "2.00"], name)
-            records = {"40.0": f"{float(time) - 40:.1f}", "–": "–"}
-            self.assertEqual(row[2], records[row[1]], name)
+            self.assertEqual([row[0], row[2], row[3]], [time, "200", "2.00"], name)
+            self.assertIn(row[1], ["40.0", "–"], name)
 
     def test_a_bar_is_held_missed_or_not_measured(self) -> None:
         rows = {row[0]: row[1:] for row in (bar.row() for bar in report.bars(self.results))}
